@@ -1,0 +1,44 @@
+// The three levels of help: general usage (the command list), command usage
+// (the operations of one command) and operation usage (syntax and description
+// of one operation). All name the program as it was invoked (g_programName).
+#pragma once
+
+// One description line of an operation's usage. When switchWord is set, the
+// line's single "%s" is filled with it.
+struct UsageLine {
+    const wchar_t *format;
+    const wchar_t *switchWord;
+};
+
+// The usage block of one (command, operation). The syntax line starts with
+// "%s %s %s" (program, command word, operation word); each further "%s" is
+// filled, in order, from syntaxSwitches. Both arrays end at the first null.
+struct OperationUsage {
+    unsigned command;
+    unsigned operation;
+    const wchar_t *syntax;
+    const wchar_t *syntaxSwitches[16];
+    UsageLine lines[12];
+    bool machineLine; // closes with the line about the local machine
+};
+
+// The operation list that `help <command>` shows.
+struct CommandHelp {
+    unsigned command;
+    const wchar_t *heading; // one "%s": the command word
+    const unsigned *operations;
+    unsigned operationCount;
+    const wchar_t *footer;  // "%s %s %s": program, command word, "help"
+    bool threeColumns;      // "\t%-30s" fields, three to a line
+};
+
+const CommandHelp *FindCommandHelp(unsigned commandId);
+const OperationUsage *FindOperationUsage(unsigned commandId, unsigned operationId);
+
+// Every usage block, for consistency checks.
+unsigned OperationUsageCount();
+const OperationUsage &OperationUsageAt(unsigned index);
+
+void PrintGeneralUsage();
+void PrintCommandUsage(unsigned commandId);
+void PrintOperationUsage(unsigned commandId, unsigned operationId);

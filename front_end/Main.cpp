@@ -1,0 +1,3 @@
+#include "front_end/Startup.h"
+
+int wmain(int /*argc*/, wchar_t **argv) { return RunCvcli(argv); }

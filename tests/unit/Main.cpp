@@ -1,0 +1,6 @@
+#include <gtest/gtest.h>
+
+int wmain(int argc, wchar_t **argv) {
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
