@@ -100,7 +100,9 @@ void PrintNarrow(const char *format, ...) {
     WriteOut(wide.data(), wide.size());
 }
 
-void PrintText(const std::wstring &text) { WriteOut(text.data(), text.size()); }
+void PrintText(const std::wstring &text) {
+    WriteOut(text.data(), text.size());
+}
 
 std::wstring SubstituteStrings(const wchar_t *format, const wchar_t *const *args, unsigned count) {
     std::wstring text;
@@ -121,4 +123,6 @@ std::wstring SubstituteStrings(const wchar_t *format, const wchar_t *const *args
     return text;
 }
 
-void CaptureOutput(std::wstring *sink) { g_capture = sink; }
+void CaptureOutput(std::wstring *sink) {
+    g_capture = sink;
+}

@@ -1,3 +1,5 @@
 #include "front_end/Startup.h"
 
-int wmain(int /*argc*/, wchar_t **argv) { return RunCvcli(argv); }
+int wmain(int /*argc*/, wchar_t **argv) {
+    return RunCvcli(argv);
+}

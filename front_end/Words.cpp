@@ -124,8 +124,16 @@ static const wchar_t *ReverseLookup(const WordId *table, unsigned count, unsigne
     return nullptr;
 }
 
-unsigned GetCommandId(const wchar_t *word) { return Lookup(g_commandWords, g_commandWordCount, word); }
-unsigned GetOperationId(const wchar_t *word) { return Lookup(g_operationWords, g_operationWordCount, word); }
+unsigned GetCommandId(const wchar_t *word) {
+    return Lookup(g_commandWords, g_commandWordCount, word);
+}
+unsigned GetOperationId(const wchar_t *word) {
+    return Lookup(g_operationWords, g_operationWordCount, word);
+}
 
-const wchar_t *CommandWord(unsigned commandId) { return ReverseLookup(g_commandWords, g_commandWordCount, commandId); }
-const wchar_t *OperationWord(unsigned operationId) { return ReverseLookup(g_operationWords, g_operationWordCount, operationId); }
+const wchar_t *CommandWord(unsigned commandId) {
+    return ReverseLookup(g_commandWords, g_commandWordCount, commandId);
+}
+const wchar_t *OperationWord(unsigned operationId) {
+    return ReverseLookup(g_operationWords, g_operationWordCount, operationId);
+}
