@@ -1,0 +1,139 @@
+#include "front_end/CommandLine.h"
+#include "front_end/Switches.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+// Builds a CCommandLine from a list of words, as the entry does from argv.
+struct Args {
+    explicit Args(std::vector<std::wstring> words) : storage(std::move(words)) {
+        for (std::wstring &w : storage)
+            pointers.push_back(&w[0]);
+        pointers.push_back(nullptr);
+    }
+    std::vector<std::wstring> storage;
+    std::vector<wchar_t *> pointers;
+};
+
+TEST(CommandLineTest, GroupsValuesUnderTheirSwitch) {
+    Args args({L"stray", L"-d", L"X", L"-n", L"a", L"b", L"-S", L"-s", L"snap1", L"-n", L"c"});
+    CCommandLine cl(args.pointers.data());
+    EXPECT_FALSE(cl.IsPresent(L"stray"));
+    EXPECT_STREQ(cl.SingleValue(sw::d), L"X");
+    EXPECT_EQ(cl.List(sw::n), (CCommandLine::ValueList{L"a", L"b", L"c"})); // repeated switches merge
+    EXPECT_EQ(cl.SingleValue(sw::n), nullptr);                              // ...and then count as absent
+    EXPECT_TRUE(cl.IsPresent(sw::S));
+    EXPECT_EQ(cl.SingleValue(sw::S), nullptr);
+    EXPECT_STREQ(cl.SingleValue(sw::s), L"snap1"); // -s and -S are different switches
+    EXPECT_FALSE(cl.IsPresent(L"-D"));
+}
+
+TEST(CommandLineTest, HyphenValuesBecomeSwitches) {
+    Args args({L"-port", L"-5", L"-x"});
+    CCommandLine cl(args.pointers.data());
+    EXPECT_TRUE(cl.IsPresent(sw::port));
+    EXPECT_EQ(cl.SingleNumber(sw::port), 0xFFFFFFFFu);
+    EXPECT_TRUE(cl.IsPresent(L"-5"));
+    EXPECT_TRUE(cl.IsPresent(sw::x)); // at the very end, with no values
+}
+
+TEST(CommandLineTest, AccessorKinds) {
+    struct Case {
+        std::vector<std::wstring> words;
+        unsigned port;
+        const wchar_t *sdv;
+        bool update;
+        const wchar_t *password;
+        bool debug;
+    };
+    const Case cases[] = {
+        {{}, 0xFFFFFFFFu, L"", true, nullptr, false},
+        {{L"-port", L"443", L"-sdv", L"vol0", L"-u", L"no", L"-pwd", L"secret", L"-break"}, 443, L"vol0", false, L"secret", true},
+        {{L"-port", L"abc", L"-u", L"NO", L"-pwd", L"-debug"}, 0, L"", false, L"", true},
+        {{L"-port", L"1", L"2", L"-u", L"false", L"-pwd", L"a", L"b"}, 0xFFFFFFFFu, L"", true, L"", false},
+        {{L"-u", L"yes", L"no"}, 0xFFFFFFFFu, L"", true, nullptr, false},
+    };
+    for (const Case &c : cases) {
+        Args args(c.words);
+        CCommandLine cl(args.pointers.data());
+        EXPECT_EQ(cl.SingleNumber(sw::port), c.port);
+        EXPECT_STREQ(cl.SingleValueOrEmpty(sw::sdv), c.sdv);
+        EXPECT_EQ(cl.YesUnlessNo(), c.update);
+        if (c.password == nullptr)
+            EXPECT_EQ(cl.Password(), nullptr);
+        else
+            EXPECT_STREQ(cl.Password(), c.password);
+        EXPECT_EQ(cl.DebugOrBreak(), c.debug);
+    }
+}
+
+TEST(CommandLineTest, SingleValueIntoLeavesTheStringAloneWhenAbsent) {
+    Args args({L"-k", L"E:", L"-o", L"a", L"b"});
+    CCommandLine cl(args.pointers.data());
+    std::wstring value = L"unchanged";
+    EXPECT_FALSE(cl.SingleValueInto(sw::o, value));
+    EXPECT_EQ(value, L"unchanged");
+    EXPECT_TRUE(cl.SingleValueInto(sw::k, value));
+    EXPECT_EQ(value, L"E:");
+}
+
+TEST(CommandLineTest, DriveNormalisation) {
+    const struct {
+        const wchar_t *value;
+        const wchar_t *normalised;
+    } cases[] = {
+        {L"E", L"E"},
+        {L"E:", L"E"},
+        {L"E:\\", L"E:\\"},
+        {L"C:\\mnt\\data", L"C:\\mnt\\data\\"},
+        {L"C:\\mnt\\", L"C:\\mnt\\"},
+        {L"mnt", L"mnt\\"},
+        {L"EF", L"EF\\"},
+    };
+    for (const auto &c : cases) {
+        Args args({L"-d", c.value});
+        CCommandLine cl(args.pointers.data());
+        std::wstring out;
+        ASSERT_TRUE(cl.MountPointInto(out));
+        EXPECT_EQ(out, c.normalised) << c.value;
+    }
+}
+
+TEST(CommandLineTest, MachineNameNeedsExactlyOneValue) {
+    const struct {
+        std::vector<std::wstring> words;
+        const wchar_t *machine;
+    } cases[] = {
+        {{}, nullptr},
+        {{L"-m"}, nullptr},
+        {{L"-m", L"host1", L"host2"}, nullptr},
+        {{L"-m", L"host1"}, L"host1"},
+        {{L"-M", L"host1"}, nullptr},
+    };
+    for (const auto &c : cases) {
+        Args args(c.words);
+        CCommandLine cl(args.pointers.data());
+        if (c.machine == nullptr)
+            EXPECT_EQ(cl.MachineName(), nullptr);
+        else
+            EXPECT_STREQ(cl.MachineName(), c.machine);
+    }
+}
+
+TEST(CommandLineTest, AThousandRepeatedSwitchesMerge) {
+    std::vector<std::wstring> words;
+    for (int i = 0; i < 1000; ++i) {
+        words.push_back(L"-D");
+        words.push_back(L"E" + std::to_wstring(i));
+    }
+    Args args(words);
+    CCommandLine cl(args.pointers.data());
+    ASSERT_EQ(cl.List(sw::D).size(), 1000u);
+    EXPECT_EQ(cl.List(sw::D)[999], L"E999");
+}
+
+} // namespace
