@@ -1,0 +1,129 @@
+// Building the records that the service hands back from scenario JSON whose
+// keys are the record field names, and turning the records a client sends
+// into JSON for the call log.
+#pragma once
+
+#include "simulator/Scenario.h"
+
+#include <windows.h>
+
+#include <limits>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace sim {
+
+// COM task memory for returned records. Every block is remembered until
+// Commit(): a record that cannot be built completely is freed again as a
+// whole, and a check of a scenario frees everything it built.
+class Allocator {
+public:
+    Allocator() = default;
+    Allocator(const Allocator &) = delete;
+    Allocator &operator=(const Allocator &) = delete;
+    ~Allocator();
+
+    void *Alloc(size_t bytes); // zero-filled; throws std::bad_alloc
+    template <typename T> T *AllocArray(size_t count) { return static_cast<T *>(Alloc(sizeof(T) * (count == 0 ? 1 : count))); }
+    wchar_t *String(const std::string &utf8);
+    char *AnsiString(const std::string &utf8);
+    void Commit() { blocks_.clear(); } // the client owns everything from now on
+
+private:
+    std::vector<void *> blocks_;
+};
+
+// A JSON object read as one record. Every field is optional (absent leaves the
+// zero of the freshly allocated record); a field that is present must have
+// the right type, and Done() refuses keys that are no field of the record.
+class Reader {
+public:
+    Reader(const Json &object, std::string path, Allocator &allocator);
+
+    template <typename T, std::enable_if_t<std::is_integral<T>::value, int> = 0> void Field(const char *name, T &out) {
+        if (const Json *value = Find(name))
+            out = static_cast<T>(Integer(*value, Path(name), static_cast<long long>(std::numeric_limits<T>::min()),
+                                         static_cast<unsigned long long>(std::numeric_limits<T>::max())));
+    }
+    void Field(const char *name, wchar_t *&out);
+    void Field(const char *name, char *&out); // ANSI text, as serial numbers travel
+    void Field(const char *name, FILETIME &out);
+    template <size_t N> void Field(const char *name, wchar_t (&out)[N]) { FixedString(name, out, N); }
+    // An IPv4 address held in network byte order: "10.1.2.3" or a number.
+    void Ipv4(const char *name, unsigned long &out);
+
+    template <typename Count> void StringArray(const char *name, Count &count, wchar_t **&out) {
+        const Json *value = Find(name);
+        if (value == nullptr)
+            return;
+        ExpectArray(*value, name);
+        count = static_cast<Count>(value->size());
+        out = allocator_.AllocArray<wchar_t *>(value->size());
+        for (size_t i = 0; i < value->size(); ++i) {
+            if (!(*value)[i].is_string())
+                throw ScenarioError(Path(name) + "[" + std::to_string(i) + "]: expected a string");
+            out[i] = allocator_.String((*value)[i].get<std::string>());
+        }
+    }
+
+    // An array of records: `fill(Reader &, T &)` reads each.
+    template <typename T, typename Count, typename Fill> void Array(const char *name, Count &count, T *&out, Fill fill) {
+        const Json *value = Find(name);
+        if (value == nullptr)
+            return;
+        ExpectArray(*value, name);
+        count = static_cast<Count>(value->size());
+        out = allocator_.AllocArray<T>(value->size());
+        for (size_t i = 0; i < value->size(); ++i) {
+            Reader item((*value)[i], Path(name) + "[" + std::to_string(i) + "]", allocator_);
+            fill(item, out[i]);
+            item.Done();
+        }
+    }
+
+    // A pointer to one record; absent or null leaves the pointer null.
+    template <typename T, typename Fill> void Pointer(const char *name, T *&out, Fill fill) {
+        const Json *value = Find(name);
+        if (value == nullptr || value->is_null())
+            return;
+        out = allocator_.AllocArray<T>(1);
+        Reader item(*value, Path(name), allocator_);
+        fill(item, *out);
+        item.Done();
+    }
+
+    // A record held inside this one, written as a nested object.
+    template <typename Fill> void Nested(const char *name, Fill fill) {
+        const Json *value = Find(name);
+        if (value == nullptr)
+            return;
+        Reader item(*value, Path(name), allocator_);
+        fill(item);
+        item.Done();
+    }
+
+    void Done() const;
+    Allocator &Memory() { return allocator_; }
+    const std::string &Where() const { return path_; }
+
+private:
+    const Json *Find(const char *name);
+    std::string Path(const char *name) const { return path_ + "." + name; }
+    void ExpectArray(const Json &value, const char *name) const;
+    void FixedString(const char *name, wchar_t *out, size_t capacity);
+    static unsigned long long Integer(const Json &value, const std::string &path, long long min, unsigned long long max);
+
+    const Json &object_;
+    std::string path_;
+    Allocator &allocator_;
+    std::vector<std::string> used_;
+};
+
+// Call-log forms of what a client sent.
+Json LogText(const wchar_t *text);  // null stays null
+Json LogAnsi(const char *text);     // null stays null
+Json LogTime(const FILETIME &time); // ISO 8601, UTC
+std::string Ipv4Text(unsigned long networkOrder);
+
+} // namespace sim
