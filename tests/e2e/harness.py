@@ -1,0 +1,296 @@
+"""End-to-end harness: runs the real cvcli.exe under Wine against the simulator.
+
+A case names the arguments, the scenario that the simulator serves and what
+must come out: stdout byte for byte, the full 32-bit exit status and, where it
+matters, the calls that reached the simulator. See docs/testing.md.
+
+One Session serves a whole run: it prepares the build's Wine prefixes, keeps
+their Wine servers warm and reuses one simulator, whose scenario file and call
+log sit at fixed paths that are rewritten for every case.
+"""
+
+import json
+import os
+import shutil
+import signal
+import subprocess
+import time
+from dataclasses import dataclass, field
+from pathlib import Path
+from typing import Any, Callable, Optional
+
+import messages
+
+REPO = Path(__file__).resolve().parents[2]
+S_OK = 0
+E_INVALIDARG = 0x80070057
+REGDB_E_CLASSNOTREG = 0x80040154
+
+# Message ids whose role the harness itself knows.
+MSG_ERROR_SEPARATOR = 5092
+MSG_SERVICE_UNAVAILABLE = 5108
+MSG_UNKNOWN_ERROR = 5112
+MSG_OPERATION_COMPLETED = 5375
+
+
+@dataclass
+class Case:
+    """One run of cvcli and what it must produce.
+
+    stdout   str (compared as UTF-8 bytes), bytes, or None to leave it unchecked
+    status   the full exit status, e.g. E_INVALIDARG; None leaves it unchecked
+    stderr   as stdout; by default cvcli must write nothing there
+    scenario None (the simulator's defaults), a dict, or a JSON file path
+             relative to the repository (e.g. "simulator/scenarios/demo.json")
+    calls    the methods that must reach the simulator, in order
+             (["IVirtualDisk.EnumerateDisks"]); None leaves them unchecked
+    prefix   "service" (the simulator is registered) or "bare" (nothing is)
+    program  run a copy of cvcli.exe under this file name
+    resources False: the copy runs without CorvaneRes.dll beside it
+    same_as  the name of an earlier case of the same file whose stdout and
+             status this one must reproduce exactly
+    check    a function(Result) that raises AssertionError for anything else
+    released every service object created must be released by the end
+    """
+
+    name: str
+    argv: list
+    stdout: Any = None
+    status: Optional[int] = None
+    stderr: Any = ""
+    scenario: Any = None
+    calls: Optional[list] = None
+    prefix: str = "service"
+    program: Optional[str] = None
+    resources: bool = True
+    same_as: Optional[str] = None
+    check: Optional[Callable] = None
+    released: bool = True
+    env: dict = field(default_factory=dict)
+    timeout: float = 30.0
+
+
+@dataclass
+class Result:
+    stdout: bytes
+    stderr: bytes
+    status: Optional[int]  # None when the program did not finish
+    events: list  # the simulator's call log, one dict per line
+    seconds: float
+    timed_out: bool = False
+
+    def calls(self):
+        """The methods called on the simulator, in order."""
+        return [e.get("method") for e in self.events if e.get("event") == "call"]
+
+    def created(self):
+        """The classes of which an object was created, in order."""
+        return [e.get("class") for e in self.events if e.get("event") == "create"]
+
+
+def hresult(value):
+    return "0x%08X" % (value & 0xFFFFFFFF)
+
+
+def winpath(path):
+    """The Windows path of a Linux path (Wine maps the root to drive Z:)."""
+    return "Z:" + str(Path(path).resolve()).replace("/", "\\")
+
+
+def radix(value, base):
+    """What _itow prints for a code in a radix other than 10: the unsigned value."""
+    value &= 0xFFFFFFFF
+    digits = "0123456789abcdefghijklmnopqrstuvwxyz"
+    text = ""
+    while True:
+        value, rest = divmod(value, base)
+        text = digits[rest] + text
+        if value == 0:
+            return text
+
+
+_texts = None
+
+
+def msg(message_id):
+    """The text of a message id, from the resource script."""
+    global _texts
+    if _texts is None:
+        _texts = messages.parse_rc(REPO / "resources" / "CorvaneRes.rc")
+    if message_id not in _texts:
+        raise KeyError("message %d is not in resources/CorvaneRes.rc" % message_id)
+    return _texts[message_id]
+
+
+_session = None
+
+
+def session():
+    if _session is None:
+        raise RuntimeError("no harness session: run the cases through run_e2e.py")
+    return _session
+
+
+def system_text(hr):
+    """The cause that cvcli appends for an HRESULT when no error object is set."""
+    return session().system_text(hr)
+
+
+def alert(message_id, hr, description=None):
+    """What cvcli prints for an AlertUserException (message id, HRESULT)."""
+    if hr == 0:
+        return ""
+    cause = description if description is not None else system_text(hr)
+    return msg(message_id)[:2047] + msg(MSG_ERROR_SEPARATOR)[:19] + cause + "\n"
+
+
+def completion():
+    """The line that ends every successful operation."""
+    return msg(MSG_OPERATION_COMPLETED)
+
+
+class Session:
+    def __init__(self, build_dir):
+        self.build = Path(build_dir).resolve()
+        self.cvcli = self.build / "cvcli.exe"
+        self.resources = self.build / "CorvaneRes.dll"
+        self.runexit = self.build / "tests" / "e2e" / "runexit.exe"
+        self.systext = self.build / "tests" / "e2e" / "systext.exe"
+        self.work = self.build / "e2e-work"
+        self.scenario_file = self.work / "scenario.json"
+        self.log_file = self.work / "calls.jsonl"
+        self.status_file = self.work / "status.txt"
+        self.prefixes = {"service": self.build / "wineprefix", "bare": self.build / "wineprefix-bare"}
+        self.wine = os.environ.get("WINE") or ("/usr/lib/wine/wine64" if os.path.exists("/usr/lib/wine/wine64") else "wine64")
+        self._system_texts = {}
+        self._programs = {}
+
+    def base_env(self, prefix="service"):
+        env = dict(os.environ)
+        for name in ("DISPLAY", "WAYLAND_DISPLAY"):
+            env.pop(name, None)
+        env.update(
+            WINEPREFIX=str(self.prefixes[prefix]),
+            WINEDEBUG="-all",
+            WINEDLLOVERRIDES="mscoree,mshtml=",
+            LC_ALL="C.UTF-8",
+        )
+        return env
+
+    def start(self):
+        """Prepares the prefixes and starts their warm Wine servers."""
+        for path in (self.cvcli, self.resources, self.runexit, self.systext):
+            if not path.is_file():
+                raise RuntimeError("%s is missing: build first" % path)
+        shutil.rmtree(self.work, ignore_errors=True)
+        self.work.mkdir(parents=True)
+        subprocess.run(
+            ["bash", str(REPO / "scripts" / "wine-prefix.sh"), "--start", str(self.build)],
+            stdin=subprocess.DEVNULL,
+            check=True,
+        )
+        global _session
+        _session = self
+
+    def program(self, name, resources):
+        """A copy of cvcli.exe under another file name or without its library."""
+        if name is None and resources:
+            return self.cvcli
+        key = (name or "cvcli.exe", resources)
+        if key not in self._programs:
+            directory = self.work / "programs" / str(len(self._programs))
+            directory.mkdir(parents=True)
+            shutil.copy2(self.cvcli, directory / key[0])
+            if resources:
+                shutil.copy2(self.resources, directory / "CorvaneRes.dll")
+            self._programs[key] = directory / key[0]
+        return self._programs[key]
+
+    def write_scenario(self, scenario):
+        if scenario is None:
+            data = {}
+        elif isinstance(scenario, (str, Path)):
+            data = json.loads((REPO / scenario).read_text(encoding="utf-8"))
+        else:
+            data = json.loads(json.dumps(scenario))
+        # The harness reads the log at its own fixed path, whatever the scenario says.
+        data["callLog"] = winpath(self.log_file)
+        self.scenario_file.write_text(json.dumps(data, indent=1), encoding="utf-8")
+
+    def run(self, case):
+        self.write_scenario(case.scenario)
+        for path in (self.log_file, self.status_file):
+            if path.exists():
+                path.unlink()
+        env = self.base_env(case.prefix)
+        env.update(
+            RUNEXIT_STATUS_FILE=winpath(self.status_file),
+            CORVANE_SIM_SCENARIO=winpath(self.scenario_file),
+            CORVANE_SIM_LOG=winpath(self.log_file),
+            # Keeps one simulator serving the whole run.
+            CORVANE_SIM_LINGER="30",
+        )
+        env.update(case.env)
+        program = self.program(case.program, case.resources)
+        command = [self.wine, str(self.runexit), winpath(program)] + list(case.argv)
+        out_path, err_path = self.work / "stdout", self.work / "stderr"
+        # Files, not pipes: a process that cvcli starts (the simulator) inherits
+        # its streams and outlives it, and a pipe would stay open with it.
+        started = time.monotonic()
+        timed_out = False
+        with open(out_path, "wb") as out, open(err_path, "wb") as err:
+            process = subprocess.Popen(
+                command, stdin=subprocess.DEVNULL, stdout=out, stderr=err, env=env, cwd=self.work, start_new_session=True
+            )
+            try:
+                process.wait(timeout=case.timeout)
+            except subprocess.TimeoutExpired:
+                timed_out = True
+                os.killpg(process.pid, signal.SIGKILL)
+                process.wait()
+        seconds = time.monotonic() - started
+        status = None
+        if not timed_out and self.status_file.exists():
+            text = self.status_file.read_text().strip()
+            status = int(text, 16) if text else None
+        events = []
+        if self.log_file.exists():
+            for line in self.log_file.read_text(encoding="utf-8", errors="replace").splitlines():
+                if line.strip():
+                    events.append(json.loads(line))
+        return Result(out_path.read_bytes(), err_path.read_bytes(), status, events, seconds, timed_out)
+
+    def system_text(self, hr):
+        """AppendSystemErrorText: the system's text for an HRESULT, else the unknown-error text."""
+        hr &= 0xFFFFFFFF
+        facility = (hr >> 16) & 0x1FFF
+        if facility == 4:
+            module, code = winpath(self.resources), hr
+        elif facility == 7:
+            module, code = "Kernel32.DLL", hr & 0xFFFF
+        elif facility == 0x1000:
+            module, code = "NTDLL.DLL", hr & ~0x10000000
+        else:
+            module, code = "-", hr
+        key = (module, code)
+        if key not in self._system_texts:
+            self._system_texts[key] = self._lookup(module, code)
+        text = self._system_texts[key]
+        if text is None:
+            return msg(MSG_UNKNOWN_ERROR)[:255] + radix(code, 17)
+        return text
+
+    def _lookup(self, module, code):
+        out = subprocess.run(
+            [self.wine, str(self.systext), module, "%X" % code],
+            stdin=subprocess.DEVNULL,
+            stdout=subprocess.PIPE,
+            stderr=subprocess.DEVNULL,
+            env=self.base_env("bare"),
+            timeout=60,
+            check=True,
+        ).stdout
+        head, _, rest = out.partition(b"\n")
+        if not head.startswith(b"ok "):
+            return None
+        return rest[: int(head[3:])].decode("utf-8")

@@ -1,0 +1,166 @@
+#!/usr/bin/env python3
+"""Runs the end-to-end cases: every tests/e2e/cases/*.py that defines CASES.
+
+    python3 tests/e2e/run_e2e.py [--build-dir build] [-k TEXT] [--list] [-v]
+
+Exit status 0 when every case passes. See docs/testing.md.
+"""
+
+import argparse
+import difflib
+import importlib.util
+import sys
+import time
+from pathlib import Path
+
+HERE = Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE))
+
+import harness  # noqa: E402
+import messages  # noqa: E402
+
+
+def load_cases(pattern):
+    """[(file stem, Case)] of every case file, in file order, filtered by pattern."""
+    found = []
+    for path in sorted((HERE / "cases").glob("*.py")):
+        spec = importlib.util.spec_from_file_location("cases_" + path.stem, path)
+        module = importlib.util.module_from_spec(spec)
+        spec.loader.exec_module(module)
+        cases = getattr(module, "CASES", None)
+        if cases is None:
+            continue
+        names = [c.name for c in cases]
+        duplicates = sorted({n for n in names if names.count(n) > 1})
+        if duplicates:
+            raise SystemExit("%s: duplicate case names: %s" % (path.name, ", ".join(duplicates)))
+        for case in cases:
+            if not pattern or pattern.lower() in ("%s::%s" % (path.stem, case.name)).lower():
+                found.append((path.stem, case))
+    return found
+
+
+def show(data):
+    return data.decode("utf-8", errors="backslashreplace").splitlines(keepends=True)
+
+
+def diff(label, expected, actual):
+    lines = difflib.unified_diff(
+        [repr(line) + "\n" for line in show(expected)],
+        [repr(line) + "\n" for line in show(actual)],
+        "expected " + label,
+        "actual " + label,
+        lineterm="\n",
+    )
+    text = "".join(lines)
+    return text if text else "%s differs (expected %r, actual %r)\n" % (label, expected[:200], actual[:200])
+
+
+def as_bytes(value):
+    value = value() if callable(value) else value
+    return value.encode("utf-8") if isinstance(value, str) else value
+
+
+def verify(case, result, earlier):
+    """The list of problems of one case (empty when it passed)."""
+    problems = []
+    if result.timed_out:
+        return ["no exit within %.0f s (hang)" % case.timeout]
+    if result.status is None:
+        problems.append("no exit status reported (runexit failed?)")
+    for event in result.events:
+        if event.get("event") == "scenarioError":
+            problems.append("the simulator refused the scenario: %s" % event.get("problem"))
+    reference = None
+    if case.same_as is not None:
+        reference = earlier.get(case.same_as)
+        if reference is None:
+            problems.append("same_as names no earlier case: %r" % case.same_as)
+    if case.stdout is not None or reference is not None:
+        expected = reference.stdout if reference is not None else as_bytes(case.stdout)
+        if result.stdout != expected:
+            problems.append(diff("stdout", expected, result.stdout))
+    if case.stderr is not None:
+        expected = as_bytes(case.stderr)
+        if result.stderr != expected:
+            problems.append(diff("stderr", expected, result.stderr))
+    expected_status = reference.status if reference is not None else case.status
+    if (case.status is not None or reference is not None) and result.status != expected_status:
+        problems.append(
+            "exit status %s, expected %s"
+            % (harness.hresult(result.status) if result.status is not None else "none", harness.hresult(expected_status))
+        )
+    if case.calls is not None and result.calls() != list(case.calls):
+        problems.append("calls %r, expected %r" % (result.calls(), list(case.calls)))
+    if case.released:
+        live = [e for e in result.events if e.get("event") in ("create", "destroy", "idle")]
+        if live and (live[-1].get("event") != "idle" or live[-1].get("leakedAdvises", 0) != 0):
+            problems.append("service objects or sinks left behind: %s" % live[-1])
+    if case.check is not None:
+        try:
+            case.check(result)
+        except AssertionError as error:
+            problems.append("check: %s" % (error or "failed"))
+    return problems
+
+
+def check_resource_texts(session):
+    """The harness's reading of the resource script must match the built library."""
+    from_rc = messages.parse_rc(harness.REPO / "resources" / "CorvaneRes.rc")
+    from_dll = messages.strings_in_dll(session.resources)
+    wrong = sorted(k for k in set(from_rc) | set(from_dll) if from_rc.get(k) != from_dll.get(k))
+    return ["message %d: script %r, library %r" % (k, from_rc.get(k), from_dll.get(k)) for k in wrong]
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--build-dir", default=str(harness.REPO / "build"))
+    parser.add_argument("-k", dest="pattern", help="run only cases whose 'file::name' contains this text")
+    parser.add_argument("--list", action="store_true", help="list the cases and stop")
+    parser.add_argument("-v", "--verbose", action="store_true", help="print every case with its time")
+    parser.add_argument("--repeat", type=int, default=1, help="run every case this many times (timing)")
+    args = parser.parse_args()
+
+    session = harness.Session(args.build_dir)
+    started = time.monotonic()
+    # Case files may look up system texts while they load: start first.
+    session.start()
+    prepared = time.monotonic() - started
+    cases = load_cases(args.pattern)
+    if args.list:
+        for stem, case in cases:
+            print("%s::%s" % (stem, case.name))
+        return 0
+
+    failures = []
+    problems = check_resource_texts(session)
+    if problems:
+        failures.append(("resource texts", problems))
+    earlier = {}
+    run_started = time.monotonic()
+    count = 0
+    for stem, case in cases:
+        for _ in range(args.repeat):
+            result = session.run(case)
+            count += 1
+            problems = verify(case, result, earlier.get(stem, {}))
+            earlier.setdefault(stem, {})[case.name] = result
+            label = "%s::%s" % (stem, case.name)
+            if problems:
+                failures.append((label, problems))
+            if args.verbose or problems:
+                print("%-4s %6.2fs  %s" % ("FAIL" if problems else "ok", result.seconds, label), flush=True)
+    elapsed = time.monotonic() - run_started
+    for label, problems in failures:
+        print("\n=== FAIL %s" % label)
+        for problem in problems:
+            print(problem.rstrip("\n"))
+    print(
+        "\n%d case runs, %d failed; %.1f s (%.2f s a case), prefix start %.1f s"
+        % (count, len(failures), elapsed, elapsed / count if count else 0, prepared)
+    )
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
