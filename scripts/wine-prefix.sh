@@ -68,32 +68,42 @@ create_bare() {
     mv "$tmp" "$bare"
 }
 
+# The registered prefix is prepared under another name and renamed when it is
+# complete, so that nothing runs in it half-made.
 create_full() {
     local tmp=$full.new
-    rm -rf "$tmp"
+    rm -rf "$tmp" "$full"
     cp -al "$bare" "$tmp"
     for f in "$tmp"/*.reg; do
         cp --remove-destination "$bare/$(basename "$f")" "$f"
     done
+    register "$tmp"
     mv "$tmp" "$full"
 }
 
 winpath() { local p=${1//\//\\}; echo "Z:$p"; }
 
-# Prints the path of a built artifact, wherever the build put it.
+# Prints the path of a built artifact: at the top of the build tree, else
+# wherever the build put it.
 artifact() {
+    if [ -f "$build/$1" ]; then
+        echo "$build/$1"
+        return
+    fi
     find "$build" -path "$build/wineprefix*" -prune -o -name "$1" -type f -print 2>/dev/null | head -n 1
 }
 
+# Registers the proxy/stub DLL and the simulator in prefix $1, unless the
+# stamp says that these very binaries are registered there already.
 register() {
-    local ps sim stamp want
+    local prefix=$1 ps sim stamp want
     ps=$(artifact CorvanePS.dll)
     sim=$(artifact corvane-sim.exe)
     if [ -z "$ps" ] || [ -z "$sim" ]; then
         echo "warning: CorvanePS.dll or corvane-sim.exe not built: the service stays unregistered in $full" >&2
         return 0
     fi
-    stamp=$full/.cvcli-registered
+    stamp=$prefix/.cvcli-registered
     want=$(stat -c '%n %s %Y' "$ps" "$sim")
     if [ -f "$stamp" ] && [ "$(cat "$stamp")" = "$want" ]; then
         return 0
@@ -101,14 +111,14 @@ register() {
     echo "Registering $(basename "$ps") and $(basename "$sim") in $full"
     # A simulator left running from the previous build would keep serving the
     # old code: stop the server first.
-    stop_server "$full"
-    WINEPREFIX=$full quiet "$WINESERVER" -p
+    stop_server "$prefix"
+    WINEPREFIX=$prefix quiet "$WINESERVER" -p
     # Windows paths (drive Z: is the Linux root), so that the registry holds
     # paths that every Windows process resolves the same way.
-    WINEPREFIX=$full quiet "$WINE" regsvr32 /s "$(winpath "$ps")" || { echo "regsvr32 $ps failed" >&2; exit 1; }
-    WINEPREFIX=$full quiet "$WINE" "$(winpath "$sim")" /regserver || { echo "$sim /regserver failed" >&2; exit 1; }
+    WINEPREFIX=$prefix quiet "$WINE" regsvr32 /s "$(winpath "$ps")" || { echo "regsvr32 $ps failed" >&2; exit 1; }
+    WINEPREFIX=$prefix quiet "$WINE" "$(winpath "$sim")" /regserver || { echo "$sim /regserver failed" >&2; exit 1; }
     # Make the registration durable before anything else uses the prefix.
-    stop_server "$full"
+    stop_server "$prefix"
     echo "$want" >"$stamp"
 }
 
@@ -125,8 +135,11 @@ exec 9>"$build/.wineprefix.lock"
 flock 9
 
 [ -f "$bare/system.reg" ] || create_bare
-[ -f "$full/system.reg" ] || create_full
-register
+if [ -f "$full/system.reg" ]; then
+    register "$full"
+else
+    create_full
+fi
 
 if [ "$action" = start ]; then
     start_server "$bare"
