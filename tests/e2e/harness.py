@@ -144,6 +144,21 @@ def alert(message_id, hr, description=None):
     return msg(message_id)[:2047] + msg(MSG_ERROR_SEPARATOR)[:19] + cause + "\n"
 
 
+# CreateProcessW takes at most 32,767 characters, the terminating zero included.
+COMMAND_LINE_LIMIT = 32767
+
+
+def longest_argument(before):
+    """The length of the longest plain argument that can follow `before`.
+
+    The limit applies to runexit's own command line, which holds cvcli's: its
+    quoted program path, a blank, cvcli's path and the arguments.
+    """
+    s = session()
+    used = len(winpath(s.runexit)) + 2 + 1 + len(winpath(s.cvcli)) + sum(len(a) + 1 for a in before) + 1
+    return COMMAND_LINE_LIMIT - 1 - used
+
+
 def completion():
     """The line that ends every successful operation."""
     return msg(MSG_OPERATION_COMPLETED)

@@ -1,6 +1,6 @@
 """Start-up, dispatch, help and exit status: the paths that every command shares."""
 
-from harness import E_INVALIDARG, REGDB_E_CLASSNOTREG, S_OK, Case, alert, completion
+from harness import E_INVALIDARG, REGDB_E_CLASSNOTREG, S_OK, Case, alert, completion, longest_argument
 
 MSG_SERVICE_UNAVAILABLE = 5108
 
@@ -69,10 +69,13 @@ def not_probed(result):
     assert result.created() == [], "created %r" % result.created()
 
 
-# The longest argument that still fits, with the program path, into the
-# command line limit of 32,767 characters (runexit's own line is longer).
-NEAR_LIMIT = 32000
 REPEATED = 1000
+
+
+def near_limit(*before, fill="x"):
+    """The arguments, then one argument as long as the command line allows."""
+    return list(before) + [fill * longest_argument(list(before))]
+
 
 CASES = [
     # Words and the entry's own cases.
@@ -120,10 +123,11 @@ CASES = [
     ),
     Case("renamed with dots", ["snap"], snap_usage("my.cvcli"), E_INVALIDARG, program="My.CVCLI.exe"),
     # Hostile input: documented output and status, no crash, no hang.
-    Case("near-limit command word", ["c" * NEAR_LIMIT], general_usage(), E_INVALIDARG),
-    Case("near-limit operation word", ["snap", "o" * NEAR_LIMIT], snap_usage(), E_INVALIDARG),
-    Case("near-limit help operation", ["snap", "help", "h" * NEAR_LIMIT], snap_usage(), E_INVALIDARG),
-    Case("near-limit switch value", ["snap", "archive", "-s", "v" * NEAR_LIMIT], snap_usage() + completion(), S_OK),
+    Case("near-limit command word", near_limit(fill="c"), general_usage(), E_INVALIDARG),
+    Case("near-limit operation word", near_limit("snap"), snap_usage(), E_INVALIDARG),
+    Case("near-limit help operation", near_limit("snap", "help"), snap_usage(), E_INVALIDARG),
+    Case("near-limit switch value", near_limit("snap", "archive", "-s"), snap_usage() + completion(), S_OK),
+    Case("near-limit non-ASCII switch", near_limit("fcp_initiator", "create", fill="é"), completion(), S_OK),
     Case("non-ASCII command word", ["snäp", "list"], general_usage(), E_INVALIDARG),
     Case("CJK command word", ["快照"], general_usage(), E_INVALIDARG),
     Case("fullwidth command word", ["ＳＮＡＰ", "list"], general_usage(), E_INVALIDARG),
