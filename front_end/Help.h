@@ -12,7 +12,9 @@ struct UsageLine {
 
 // The usage block of one (command, operation). The syntax line starts with
 // "%s %s %s" (program, command word, operation word); each further "%s" is
-// filled, in order, from syntaxSwitches. Both arrays end at the first null.
+// filled, in order, from syntaxSwitches. Both arrays end at the first null
+// (a line with a null format). Switch words always come from the sw::
+// constants, so the help shows exactly the words that handlers look up.
 struct OperationUsage {
     unsigned command;
     unsigned operation;
@@ -28,8 +30,8 @@ struct CommandHelp {
     const wchar_t *heading; // one "%s": the command word
     const unsigned *operations;
     unsigned operationCount;
-    const wchar_t *footer;  // "%s %s %s": program, command word, "help"
-    bool threeColumns;      // "\t%-30s" fields, three to a line
+    const wchar_t *footer; // "%s %s %s": program, command word, "help"
+    bool threeColumns;     // "\t%-30s" fields, three to a line
 };
 
 const CommandHelp *FindCommandHelp(unsigned commandId);
@@ -38,6 +40,17 @@ const OperationUsage *FindOperationUsage(unsigned commandId, unsigned operationI
 // Every usage block, for consistency checks.
 unsigned OperationUsageCount();
 const OperationUsage &OperationUsageAt(unsigned index);
+
+// The usage blocks by command family, each defined in its own Usage*.cpp.
+struct UsageTable {
+    const OperationUsage *rows;
+    unsigned count;
+};
+UsageTable SnapUsageTable();           // snap, arkhold
+UsageTable DiskUsageTable();           // disk, sysconfig
+UsageTable ConnectivityUsageTable();   // fcp_initiator, iscsi_*, preferredIP, igroup, transport_protocol
+UsageTable SpaceUsageTable();          // spacemon, spacereclaimer, hidden
+UsageTable DataProtectionUsageTable(); // dataset, vsconfig, qrm_config, hyperv
 
 void PrintGeneralUsage();
 void PrintCommandUsage(unsigned commandId);

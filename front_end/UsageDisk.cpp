@@ -1,0 +1,109 @@
+// Usage blocks of the LUN command (disk) and of the configuration report (sysconfig).
+#include "front_end/Help.h"
+
+#include "front_end/Switches.h"
+#include "front_end/Words.h"
+
+namespace {
+
+constexpr const wchar_t *kLunPathForm = L"<LUNPath> is <storagesystem name>:/vol/<volumename>/<lunname>, or the deprecated "
+                                        L"\\\\<storagesystem name>\\<cifs share>\\<lunname>.\n";
+
+constexpr OperationUsage kRows[] = {
+    {cmd::Disk,
+     op::Create,
+     L"%s %s %s [%s <MachineName>] %s <LUNPath> %s <MountPoint> %s <Size> [%s {shared|dedicated}] "
+     L"[%s <NodeMachineName> <InitiatorName> [...] | %s <NodeMachineName> <InitiatorgroupName> [...]] [%s {y|n}]\n",
+     {sw::m, sw::p, sw::d, sw::z, sw::dtype, sw::I, sw::IG, sw::rs},
+     {{L"Creates a LUN on a storage system, connects it to the host and mounts it at <MountPoint>.\n", nullptr},
+      {kLunPathForm, nullptr},
+      {L"%s Size of the LUN in MB; a GB or TB suffix may be given (10GB).\n", sw::z},
+      {L"%s A shared LUN is a cluster disk; a dedicated LUN belongs to this host only.\n", sw::dtype},
+      {L"%s The initiators through which the host reaches the LUN.\n", sw::I},
+      {L"%s The initiator groups to which the LUN is mapped.\n", sw::IG},
+      {L"%s Reserves space for snapshot copies of the LUN: y (default) or n.\n", sw::rs}},
+     true},
+    {cmd::Disk,
+     op::Delete,
+     L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>}\n",
+     {sw::m, sw::d, sw::p},
+     {{L"Deletes a LUN, named by its mount point or by its LUN path.\n", nullptr}, {kLunPathForm, nullptr}},
+     true},
+    {cmd::Disk,
+     op::Connect,
+     L"%s %s %s [%s <MachineName>] %s <LUNPath> %s <MountPoint> [%s {shared|dedicated}] "
+     L"[%s <NodeMachineName> <InitiatorName> [...] | %s <NodeMachineName> <InitiatorgroupName> [...]]\n",
+     {sw::m, sw::p, sw::d, sw::dtype, sw::I, sw::IG},
+     {{L"Connects an existing LUN to the host and mounts it at <MountPoint>.\n", nullptr},
+      {kLunPathForm, nullptr},
+      {L"%s A shared LUN is a cluster disk; a dedicated LUN belongs to this host only.\n", sw::dtype}},
+     true},
+    {cmd::Disk,
+     op::Disconnect,
+     L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>} [%s]\n",
+     {sw::m, sw::d, sw::p, sw::f},
+     {{L"Disconnects a LUN from the host, named by its mount point or by its LUN path.\n", nullptr},
+      {kLunPathForm, nullptr},
+      {L"%s The LUN is disconnected even if an application uses it. This feature should be used with caution.\n", sw::f}},
+     true},
+    {cmd::Disk,
+     op::Expand,
+     L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>} %s <Size> [%s {y|n}]\n",
+     {sw::m, sw::d, sw::p, sw::z, sw::rs},
+     {{L"Expands a LUN by <Size>, named by its mount point or by its LUN path.\n", nullptr},
+      {kLunPathForm, nullptr},
+      {L"%s Size to add, in MB; a GB or TB suffix may be given (10GB).\n", sw::z},
+      {L"%s Whether space stays reserved for snapshot copies: y (default) or n. It decides how far the LUN can grow.\n", sw::rs}},
+     true},
+    {cmd::Disk,
+     op::List,
+     L"%s %s %s [%s <MachineName>]\n",
+     {sw::m},
+     {{L"Lists the LUNs connected to the host and the initiator through which each is reached.\n", nullptr}},
+     true},
+    {cmd::Disk,
+     op::AddInitiator,
+     L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>} "
+     L"{%s <NodeMachineName> <InitiatorName> [...] | %s <NodeMachineName> <InitiatorgroupName> [...]}\n",
+     {sw::m, sw::d, sw::p, sw::I, sw::IG},
+     {{L"Maps further initiators or initiator groups to a LUN.\n", nullptr}, {kLunPathForm, nullptr}},
+     true},
+    {cmd::Disk,
+     op::RemoveInitiator,
+     L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>} "
+     L"{%s <NodeMachineName> <InitiatorName> [...] | %s <NodeMachineName> <InitiatorgroupName> [...]}\n",
+     {sw::m, sw::d, sw::p, sw::I, sw::IG},
+     {{L"Removes initiators or initiator groups from the mapping of a LUN.\n", nullptr}, {kLunPathForm, nullptr}},
+     true},
+    {cmd::Disk,
+     op::AddMount,
+     L"%s %s %s [%s <MachineName>] %s <VolumeName> %s <MountPoint> [%s]\n",
+     {sw::m, sw::vn, sw::mp, sw::create_folder},
+     {{L"Adds a mount point (a drive letter or an empty folder) to the volume of a connected LUN.\n", nullptr},
+      {L"<VolumeName> is the Volume Name that the disk list operation prints.\n", nullptr},
+      {L"%s Creates the folder of the mount point when it does not exist.\n", sw::create_folder}},
+     true},
+    {cmd::Disk,
+     op::RemoveMount,
+     L"%s %s %s [%s <MachineName>] %s <VolumeName> %s <MountPoint>\n",
+     {sw::m, sw::vn, sw::mp},
+     {{L"Removes a mount point from the volume of a connected LUN.\n", nullptr},
+      {L"<VolumeName> is the Volume Name that the disk list operation prints.\n", nullptr}},
+     true},
+
+    {cmd::Sysconfig,
+     op::List,
+     L"%s %s %s [%s <MachineName>] [%s <FileName>]\n",
+     {sw::m, sw::filename},
+     {{L"Reports the Corvane configuration of the host: version, cluster, drivers, FCP adapters and ports, iSCSI HBAs, "
+       L"sessions and portals, NFS credentials, multipath and free drive letters.\n",
+       nullptr},
+      {L"%s Writes the report to <FileName> instead of the console.\n", sw::filename}},
+     true},
+};
+
+} // namespace
+
+UsageTable DiskUsageTable() {
+    return {kRows, sizeof(kRows) / sizeof(kRows[0])};
+}

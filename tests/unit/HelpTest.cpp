@@ -1,0 +1,367 @@
+#include "front_end/Help.h"
+#include "front_end/Console.h"
+#include "front_end/Startup.h"
+#include "front_end/Switches.h"
+#include "front_end/Words.h"
+
+#include <gtest/gtest.h>
+
+#include <cwchar>
+#include <set>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// Captures what the printers write, under a chosen program name.
+class HelpTest : public testing::Test {
+protected:
+    void SetUp() override {
+        wcscpy_s(savedName_, g_programName);
+        SetName(L"cvcli");
+        CaptureOutput(&out_);
+    }
+    void TearDown() override {
+        CaptureOutput(nullptr);
+        wcscpy_s(g_programName, savedName_);
+    }
+    static void SetName(const wchar_t *name) { wcscpy_s(g_programName, name); }
+    std::wstring Take() { return std::exchange(out_, std::wstring()); }
+
+private:
+    std::wstring out_;
+    wchar_t savedName_[_MAX_FNAME] = {};
+};
+
+unsigned CountConversions(const wchar_t *format, bool *stray) {
+    unsigned count = 0;
+    for (const wchar_t *p = format; *p != L'\0'; ++p) {
+        if (p[0] != L'%')
+            continue;
+        if (p[1] == L's')
+            ++count;
+        else if (p[1] != L'%')
+            *stray = true;
+        ++p;
+    }
+    return count;
+}
+
+std::wstring FirstLine(const std::wstring &text) {
+    return text.substr(0, text.find(L'\n') + 1);
+}
+
+TEST_F(HelpTest, GeneralUsageListsElevenCommandsInTwoRows) {
+    PrintGeneralUsage();
+    EXPECT_EQ(Take(), L"\nThe following commands are available:\n\n"
+                      L"\tsysconfig\tdisk\tsnap\tarkhold\tiscsi_initiator\tiscsi_target\n"
+                      L"\tpreferredIP\tspacemon\tigroup\tspacereclaimer\ttransport_protocol\n"
+                      L"\nFor more information type \"cvcli help <command>\"\n");
+}
+
+TEST_F(HelpTest, EveryLevelNamesTheProgramAsInvoked) {
+    SetName(L"storetool");
+    PrintGeneralUsage();
+    EXPECT_NE(Take().find(L"\"storetool help <command>\""), std::wstring::npos);
+    PrintCommandUsage(cmd::Disk);
+    EXPECT_NE(Take().find(L"\"storetool disk help <operation>\""), std::wstring::npos);
+    PrintOperationUsage(cmd::Disk, op::List);
+    EXPECT_EQ(Take().rfind(L"storetool disk list ", 0), 0u);
+}
+
+TEST_F(HelpTest, CommandUsageTexts) {
+    const struct {
+        unsigned command;
+        const wchar_t *expected;
+    } cases[] = {
+        {cmd::Snap, L"\nThe snap command performs operations on snapshot copies. The following operations are available:\n"
+                    L"\tcreate\tdelete\trestore\trename\tlist\tmount\tunmount\tupdate_mirror\tmirror_list"
+                    L"\trestore_volume_check\trestore_volume\n\n"
+                    L"For information about an individual operation type \"cvcli snap help <operation>\"\n"},
+        {cmd::Hidden, L"\nThe hidden command performs operations for testing purpose only. The following operations are "
+                      L"available:\n"
+                      L"\tcache\tGetActiveDrives3\tGetActiveDrives4\tExecuteEMSHomecall\tlunstats"
+                      L"\tvalidate_connection_params\tconnect_storages\tdisconnect_storages\tdo_vbsr\tget_reflexa_status"
+                      L"\tbreak_reflexas\tresync_reflexas\trelease_reflexas\tget_clonara_status\n\n"
+                      L"For information about an individual operation type \"cvcli hidden help <operation>\"\n"},
+        {cmd::FcpInitiator, L"\nThe fcp_initiator command performs operations on FCP initiators on the system. Following "
+                            L"operations are available:\n\tlist\n\n"
+                            L"For information about an individual operation, type \"cvcli fcp_initiator help "
+                            L"<operation>\"\n"},
+        {cmd::IGroup, L"\nThe igroup command performs operations on Initiator group. The following operations are "
+                      L"available:\n\n\tlist\tcreate\trename\tdelete\n\n"
+                      L"For information about an individual operation type \"cvcli igroup help <operation>\"\n"},
+        {cmd::SpaceReclaimer, L"\nThe spacereclaimer command performs operations on Space Reclamation. The following "
+                              L"operations are available:\n\n\tstart\tstop\tanalyze\tstatus\n\n"
+                              L"For information about an individual operation type \"cvcli spacereclaimer help "
+                              L"<operation>\"\n"},
+        {cmd::TransportProtocol, L"\nThe transport_protocol command performs operations related to transport protocol "
+                                 L"configuration. The following operations are available:\n\n\tlist\tset\tdelete\n\n"
+                                 L"For information about an individual operation type \"cvcli transport_protocol help "
+                                 L"<operation>\"\n"},
+        {cmd::HyperV, L"\nThe hyperv command performs operations on Hyper-V virtual machines. The following operations "
+                      L"are available:\n\tlist\n\n"
+                      L"For information about an individual operation type \"cvcli hyperv help <operation>\"\n"},
+        // Ids without a case print nothing: help itself, the unused 8, and unknown ones.
+        {cmd::Help, L""},
+        {8, L""},
+        {cmd::None, L""},
+        {99, L""},
+    };
+    for (const auto &c : cases) {
+        PrintCommandUsage(c.command);
+        EXPECT_EQ(Take(), c.expected) << c.command;
+    }
+}
+
+TEST_F(HelpTest, DatasetOperationsComeInThreeColumns) {
+    PrintCommandUsage(cmd::Dataset);
+    std::wstring text = Take();
+    const std::wstring heading = L"\nThe dataset command performs operations on a dataset and related objects. The "
+                                 L"following operations are available:\n";
+    ASSERT_EQ(text.rfind(heading, 0), 0u);
+    const size_t footer = text.find(L"\n\nFor information about an individual operation type \"cvcli dataset help");
+    ASSERT_NE(footer, std::wstring::npos);
+    std::wistringstream rows(text.substr(heading.size(), footer - heading.size()));
+    std::vector<std::wstring> words;
+    std::wstring row;
+    unsigned rowCount = 0;
+    while (std::getline(rows, row)) {
+        ++rowCount;
+        ASSERT_EQ(row.size() % 31, 0u) << "fields are a tab and 30 columns: [" << row.size() << "]";
+        const size_t fields = row.size() / 31;
+        EXPECT_TRUE(fields == 3 || (fields == 2 && words.size() == 30)) << rowCount;
+        for (size_t i = 0; i < fields; ++i) {
+            std::wstring field = row.substr(i * 31, 31);
+            ASSERT_EQ(field[0], L'\t');
+            words.push_back(field.substr(1, field.find_last_not_of(L' ')));
+        }
+    }
+    EXPECT_EQ(rowCount, 11u);
+    ASSERT_EQ(words.size(), 32u);
+    EXPECT_EQ(words.front(), L"list_members");
+    EXPECT_EQ(words.back(), L"get_backup_version_info");
+}
+
+// Formats are filled by position: one "%s" too many or too few shifts every
+// word after it, and any other conversion would read a missing argument.
+TEST_F(HelpTest, UsageFormatsMatchTheirSwitches) {
+    for (unsigned i = 0; i < OperationUsageCount(); ++i) {
+        const OperationUsage &usage = OperationUsageAt(i);
+        const std::wstring where = std::wstring(CommandWord(usage.command)) + L" " + OperationWord(usage.operation);
+        unsigned switches = 0;
+        while (switches < 16 && usage.syntaxSwitches[switches] != nullptr)
+            ++switches;
+        bool stray = false;
+        EXPECT_EQ(CountConversions(usage.syntax, &stray), 3 + switches) << where.c_str();
+        EXPECT_EQ(std::wstring(usage.syntax).rfind(L"%s %s %s ", 0), 0u) << where.c_str();
+        EXPECT_EQ(std::wstring(usage.syntax).back(), L'\n') << where.c_str();
+        EXPECT_NE(usage.lines[0].format, nullptr) << "no description: " << where.c_str();
+        for (const UsageLine &line : usage.lines) {
+            if (line.format == nullptr)
+                break;
+            EXPECT_EQ(CountConversions(line.format, &stray), line.switchWord != nullptr ? 1u : 0u) << where.c_str();
+            EXPECT_EQ(std::wstring(line.format).back(), L'\n') << where.c_str();
+        }
+        EXPECT_FALSE(stray) << "a conversion other than %s: " << where.c_str();
+    }
+}
+
+TEST_F(HelpTest, UsageSwitchesAreKnownSwitchWords) {
+    std::set<std::wstring> known(std::begin(sw::kAll), std::end(sw::kAll));
+    for (unsigned i = 0; i < OperationUsageCount(); ++i) {
+        const OperationUsage &usage = OperationUsageAt(i);
+        for (const wchar_t *word : usage.syntaxSwitches) {
+            if (word != nullptr) {
+                EXPECT_EQ(known.count(word), 1u) << OperationWord(usage.operation) << ": " << word;
+            }
+        }
+        for (const UsageLine &line : usage.lines) {
+            if (line.format != nullptr && line.switchWord != nullptr) {
+                EXPECT_EQ(known.count(line.switchWord), 1u) << OperationWord(usage.operation) << ": " << line.switchWord;
+            }
+        }
+    }
+}
+
+TEST_F(HelpTest, EveryListedOperationHasExactlyOneUsageBlock) {
+    std::set<std::pair<unsigned, unsigned>> listed;
+    for (unsigned command = 0; command < 32; ++command) {
+        const CommandHelp *help = FindCommandHelp(command);
+        if (help == nullptr)
+            continue;
+        for (unsigned j = 0; j < help->operationCount; ++j) {
+            listed.insert({command, help->operations[j]});
+            EXPECT_NE(FindOperationUsage(command, help->operations[j]), nullptr)
+                << CommandWord(command) << " " << OperationWord(help->operations[j]);
+        }
+    }
+    std::set<std::pair<unsigned, unsigned>> blocks;
+    for (unsigned i = 0; i < OperationUsageCount(); ++i) {
+        const OperationUsage &usage = OperationUsageAt(i);
+        EXPECT_TRUE(blocks.insert({usage.command, usage.operation}).second)
+            << "two blocks: " << CommandWord(usage.command) << " " << OperationWord(usage.operation);
+        EXPECT_EQ(listed.count({usage.command, usage.operation}), 1u)
+            << "block for an operation the help does not list: " << CommandWord(usage.command) << " "
+            << OperationWord(usage.operation);
+    }
+}
+
+// An operation that takes the machine switch ends with the local-machine line.
+// snap mount says it in its own words; mirror_list takes -m without showing it.
+TEST_F(HelpTest, MachineLineFollowsTheMachineSwitch) {
+    for (unsigned i = 0; i < OperationUsageCount(); ++i) {
+        const OperationUsage &usage = OperationUsageAt(i);
+        if (usage.command == cmd::Snap && (usage.operation == op::Mount || usage.operation == op::MirrorList))
+            continue;
+        bool takesMachine = false;
+        for (const wchar_t *word : usage.syntaxSwitches)
+            takesMachine = takesMachine || (word != nullptr && wcscmp(word, sw::m) == 0);
+        EXPECT_EQ(usage.machineLine, takesMachine) << CommandWord(usage.command) << " " << OperationWord(usage.operation);
+    }
+}
+
+constexpr const wchar_t *kLocal = L"If the machine name is not specified the command is executed on a local machine.\n";
+
+TEST_F(HelpTest, QuotedBlocksPrintExactly) {
+    const struct {
+        unsigned command;
+        unsigned operation;
+        std::wstring expected;
+    } cases[] = {
+        {cmd::Snap, op::Create,
+         std::wstring(L"cvcli snap create  [-m <MachineName>] -s <SnapshotName> -D <MountPointList> [...] [-x] [-u "
+                      L"[yes|no]]\n"
+                      L"Creates new snapshot copy of the LUNs.\n"
+                      L"-x Snapshot copy will be taken only for the LUNs explicitly specified in the <MountPointList>, "
+                      L"otherwise snapshot copy of all LUNs drives residing on the storage system(s) volume(s) will be "
+                      L"taken.\n"
+                      L"-u Initiates reflexa update after snapshot copy creation for any reflexa source volumes having "
+                      L"disks specified in the <MountPointList>. If this key is not specified reflexa update will be "
+                      L"initiated.\n") +
+             kLocal},
+        {cmd::Snap, op::Delete,
+         std::wstring(L"cvcli snap delete [-m <MachineName>] -d <MountPoint> -s <SnapshotName>\n"
+                      L"Deletes existing snapshot copy of a LUN.\n") +
+             kLocal},
+        {cmd::Snap, op::List,
+         std::wstring(L"cvcli snap list [-m <MachineName>] {-d <MountPoint> | -sdf <Storage System> -sdv <volume> | -D "
+                      L"<MountPointList> }\n"
+                      L"Enumerates snapshot copies of a LUN.\n") +
+             kLocal},
+        {cmd::Snap, op::Mount,
+         L"cvcli snap mount [-m <MachineName>] [-r <LiveMachineName>] -k <LiveMountPoint> -s <SnapshotName> -d "
+         L"<MountPoint> [-smdest][-trydrive][-sdf <Storage System>][-sdv <Volume>]\n"
+         L"A snapshot copy <SnapshotName> of a LUN named <LiveMountPoint>, which is mounted on the machine "
+         L"<LiveMachineName>, will be mounted by this command as a LUN <MountPoint> on the machine <MachineName>.\n"
+         L"If the <MachineName> or <LiveMachineName> name is not specified the local machine name is implied.\n"
+         L"If -smdest, <Storage System> and <Volume> are all specified, the given Reflexa destination will be mounted "
+         L"as a LUN <MountPoint>.\n"
+         L"If -smdest is not specified, <Storage System> and <Volume> are both specified, the Reflexa source associated "
+         L"with <Storage System> and <Volume> will be mounted as a LUN <MountPoint>.\n"
+         L"If only -smdest is specified, the first available Reflexa destination will be mounted as a LUN "
+         L"<MountPoint>.\n"
+         L"If -smdest, <Storage System> and <Volume> are all not specified, the given <LiveMountPoint> is mounted as a "
+         L"LUN <MountPoint>.\n"},
+        {cmd::Snap, op::Unmount,
+         std::wstring(L"cvcli snap unmount [-m <MachineName>] -d <MountPoint> [-f]\n"
+                      L"Un-mounts a snapshot copy of a LUN mounted as a LUN.\n"
+                      L"-f  The snapshot copy will be forcibly un-mounted even if it is used by an application or the "
+                      L"Windows operation system. This feature should be used with caution.\n") +
+             kLocal},
+        {cmd::Snap, op::Restore,
+         std::wstring(L"cvcli snap restore [-m <MachineName>] -d <MountPoint> -s <SnapshotName>\n"
+                      L"Restores a LUN  from a  snapshot copy.\n") +
+             kLocal},
+        {cmd::Snap, op::RestoreVolumeCheck,
+         std::wstring(L"cvcli snap restore_volume_check -f <StorageSystemName> -volume <StorageSystemVolumeName> -s "
+                      L"<SnapshotName> [-m <MachineName>]\n"
+                      L"Verifies possibility of volume restore operation on non-connected LUNs\n") +
+             kLocal},
+        {cmd::Snap, op::RestoreVolume,
+         std::wstring(L"cvcli snap restore_volume -f <StorageSystemName> -volume <StorageSystemVolumeName> -s "
+                      L"<SnapshotName> [-force] [-m <MachineName>]\n"
+                      L"Performs volume restore operation on non-connected LUNs, If '-force' is present Corvane will "
+                      L"ignore newer snapshot copies or non-LUN files on the volume\n") +
+             kLocal},
+        {cmd::Snap, op::Rename,
+         std::wstring(L"cvcli snap rename [-m <MachineName>] -d <MountPoint>  -o <OldSnapshotName> -n "
+                      L"<NewSnapshotName>\n"
+                      L"Renames existing napshot copy of a LUN.\n") +
+             kLocal},
+        {cmd::Snap, op::UpdateMirror,
+         std::wstring(L"cvcli snap update_mirror [-m <MachineName>] -d <MountPoint>\n"
+                      L"Updates destinations of a Reflexaed LUN\n") +
+             kLocal},
+        {cmd::Snap, op::MirrorList,
+         std::wstring(L"cvcli snap mirror_list {-d <Drive> | -D <MountPointList> [...]}\n"
+                      L"Displays Reflexa destinations associated with the source mapped to the disk mount point\n") +
+             kLocal},
+        {cmd::HyperV, op::List,
+         std::wstring(L"cvcli hyperv list [-m <MachineName>] [-detail]\n"
+                      L"Lists all Hyper-V virtual machines and their attributes.\n"
+                      L"If the Hyper-V virtual machine VHDs are configured on Talvex LUNs, -detail switch will provide "
+                      L"the LUN details.\n") +
+             kLocal},
+    };
+    for (const auto &c : cases) {
+        PrintOperationUsage(c.command, c.operation);
+        EXPECT_EQ(Take(), c.expected) << OperationWord(c.operation);
+    }
+}
+
+TEST_F(HelpTest, QuotedSyntaxLines) {
+    const struct {
+        unsigned command;
+        unsigned operation;
+        const wchar_t *expected;
+    } cases[] = {
+        {cmd::IscsiInitiator, op::List, L"cvcli iscsi_initiator list [-m <MachineName>] -s\n"},
+        {cmd::IscsiInitiator, op::EstablishSession,
+         L"cvcli iscsi_initiator establish_session [-m <MachineName>] [-h <HBA_ID>] [-hp <HBA Portal ID>] -t "
+         L"<TargetName> -np <IPAddress> <IPPort> [-c <CHAPName> <CHAPPassword>]\n"},
+        {cmd::IscsiInitiator, op::TerminateSession,
+         L"cvcli iscsi_initiator terminate_session [-m <MachineName>] -s <Session_ID>\n"},
+        {cmd::IscsiTarget, op::List, L"cvcli iscsi_target list -f <Storage System>\n"},
+        {cmd::IscsiTarget, op::Disconnect, L"cvcli iscsi_target disconnect [-m <MachineName>] -t <TargetName>\n"},
+        {cmd::FcpInitiator, op::List, L"cvcli fcp_initiator list [-m MachineName]\n"},
+        {cmd::PreferredIP, op::List, L"cvcli preferredIP list [-m MachineName]\n"},
+        {cmd::PreferredIP, op::Set, L"cvcli preferredIP set [-m MachineName] -f StorageSystem -IP PreferredIPAddress\n"},
+        {cmd::PreferredIP, op::Delete, L"cvcli preferredIP delete [-m MachineName] -f StorageSystem\n"},
+        {cmd::IGroup, op::List, L"cvcli igroup list [-m MachineName] -f StorageSystem\n"},
+        {cmd::IGroup, op::Create,
+         L"cvcli igroup create [-m MachineName] -f StorageSystem [-I (NodeMachineName InitiatorName)+] -ig "
+         L"igroupName\n"},
+        {cmd::IGroup, op::Delete, L"cvcli igroup delete [-m MachineName] -f StorageSystem -ig igroupName\n"},
+        {cmd::IGroup, op::Rename, L"cvcli igroup rename [-m MachineName] -f StorageSystem -ig igroupName -igNew igroupNewName\n"},
+        {cmd::TransportProtocol, op::List, L"cvcli transport_protocol list [-m MachineName]\n"},
+        {cmd::TransportProtocol, op::Set,
+         L"cvcli transport_protocol set [-m MachineName] { -f StorageSystem | -default } -type {HTTPS|HTTP|RPC} [-port "
+         L"port] [-user UserName] [-pwd Password]\n"},
+        {cmd::TransportProtocol, op::Delete,
+         L"cvcli transport_protocol delete [-m MachineName] { -f StorageSystem | -default }\n"},
+        {cmd::Disk, op::Delete, L"cvcli disk delete [-m <MachineName>] {-d <MountPoint> | -p <LUNPath>}\n"},
+        {cmd::Disk, op::Disconnect, L"cvcli disk disconnect [-m <MachineName>] {-d <MountPoint> | -p <LUNPath>} [-f]\n"},
+        {cmd::Disk, op::Expand, L"cvcli disk expand [-m <MachineName>] {-d <MountPoint> | -p <LUNPath>} -z <Size> [-rs {y|n}]\n"},
+        {cmd::Disk, op::AddMount,
+         L"cvcli disk add_mount [-m <MachineName>] -vn <VolumeName> -mp <MountPoint> [-create_folder]\n"},
+        {cmd::Disk, op::RemoveMount, L"cvcli disk remove_mount [-m <MachineName>] -vn <VolumeName> -mp <MountPoint>\n"},
+    };
+    for (const auto &c : cases) {
+        PrintOperationUsage(c.command, c.operation);
+        EXPECT_EQ(FirstLine(Take()), c.expected) << OperationWord(c.operation);
+    }
+}
+
+TEST_F(HelpTest, PairWithoutUsagePrintsNothing) {
+    const std::pair<unsigned, unsigned> cases[] = {
+        {cmd::Snap, op::Start}, {cmd::Help, op::List}, {cmd::FcpInitiator, op::Create}, {cmd::None, op::None}};
+    for (const auto &c : cases) {
+        PrintOperationUsage(c.first, c.second);
+        EXPECT_EQ(Take(), L"") << c.first << "/" << c.second;
+    }
+}
+
+} // namespace
