@@ -37,10 +37,20 @@ bare=$build/wineprefix-bare
 # an interrupted one.
 persist=${CVCLI_WINESERVER_PERSIST:-120}
 
-# Nothing started here may keep the lock (fd 9) or the caller's streams.
-quiet() { "$@" </dev/null >/dev/null 2>&1 9>&-; }
+# Nothing started here may keep a lock (fds 7 and 9) or the caller's streams.
+quiet() { "$@" </dev/null >/dev/null 2>&1 9>&- 7>&-; }
+
+# Waits until no program started by scripts/wine-run.sh runs in this build's
+# prefixes (at most a few minutes), so that stopping does not kill a test.
+wait_idle() {
+    [ -n "${idle_lock_taken:-}" ] && return 0
+    exec 7>"$build/.wineprefix.inuse"
+    flock -x -w 300 7 || echo "warning: Wine programs still running in $build; stopping anyway" >&2
+    idle_lock_taken=1
+}
 
 stop_server() {
+    wait_idle
     if [ -d "$1" ]; then
         WINEPREFIX=$1 quiet "$WINESERVER" -k || true
         WINEPREFIX=$1 quiet "$WINESERVER" -w || true

@@ -32,9 +32,18 @@ if [ -z "${WINEPREFIX:-}" ]; then
 fi
 case "$(basename "$WINEPREFIX")" in
 wineprefix | wineprefix-bare)
+    build=$(dirname "$WINEPREFIX")
     if [ ! -f "$WINEPREFIX/system.reg" ]; then
-        bash "$here/wine-prefix.sh" "$(dirname "$WINEPREFIX")" </dev/null >&2
+        bash "$here/wine-prefix.sh" "$build" </dev/null >&2
     fi
+    # While the program runs, scripts/wine-prefix.sh neither stops the Wine
+    # servers nor re-registers: it waits for this shared lock. The lock stays
+    # with this shell, not with the processes Wine starts (they may linger).
+    exec 8>"$build/.wineprefix.inuse"
+    flock -s 8
+    status=0
+    "$WINE" "$@" 8>&- || status=$?
+    exit $status
     ;;
 esac
 exec "$WINE" "$@"

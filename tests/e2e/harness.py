@@ -268,12 +268,31 @@ class Session:
         if not timed_out and self.status_file.exists():
             text = self.status_file.read_text().strip()
             status = int(text, 16) if text else None
+        events = self.read_log()
+        # The simulator logs the release of the last object as it handles it;
+        # give a line that is on its way a moment to arrive.
+        deadline = time.monotonic() + 2.0
+        while not timed_out and self.objects_pending(events) and time.monotonic() < deadline:
+            time.sleep(0.02)
+            events = self.read_log()
+        return Result(out_path.read_bytes(), err_path.read_bytes(), status, events, seconds, timed_out)
+
+    def read_log(self):
         events = []
         if self.log_file.exists():
             for line in self.log_file.read_text(encoding="utf-8", errors="replace").splitlines():
                 if line.strip():
-                    events.append(json.loads(line))
-        return Result(out_path.read_bytes(), err_path.read_bytes(), status, events, seconds, timed_out)
+                    try:
+                        events.append(json.loads(line))
+                    except ValueError:
+                        events.append({"event": "unreadable", "line": line})
+        return events
+
+    @staticmethod
+    def objects_pending(events):
+        """True when an object was created and the log does not end idle yet."""
+        live = [e for e in events if e.get("event") in ("create", "destroy", "idle")]
+        return bool(live) and live[-1].get("event") != "idle"
 
     def system_text(self, hr):
         """AppendSystemErrorText: the system's text for an HRESULT, else the unknown-error text."""
