@@ -15,6 +15,7 @@ from pathlib import Path
 
 HERE = Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE))
+sys.dont_write_bytecode = True  # keep the source tree clean
 
 import harness  # noqa: E402
 import messages  # noqa: E402
