@@ -36,7 +36,7 @@ constexpr OperationUsage kRows[] = {
      L"%s %s %s [%s <MachineName>] %s <MountPoint> %s <SnapshotName1> [%s <SnapshotName2>]\n",
      {sw::m, sw::d, sw::s1, sw::s2},
      {{L"Displays the data changed between two snapshot copies of the LUN at <MountPoint>.\n", nullptr},
-      {L"%s Without it, the change since <SnapshotName1> in the active file system is shown.\n", sw::s2}},
+      {L"%s The second snapshot copy; when it is not given, <SnapshotName1> is compared with the active file system.\n", sw::s2}},
      true},
     {cmd::Spacemon,
      op::SnapReclaimable,
