@@ -204,8 +204,34 @@ class Session:
             stdin=subprocess.DEVNULL,
             check=True,
         )
+        self.stop_foreign_simulators()
         global _session
         _session = self
+
+    def stop_foreign_simulators(self):
+        """Ends a lingering simulator that another client started with other files.
+
+        A simulator keeps the environment of the client that started it, so one
+        left by a demo or a hand-run would go on serving that client's scenario.
+        """
+        ours = {"WINEPREFIX": str(self.prefixes["service"]), "CORVANE_SIM_SCENARIO": winpath(self.scenario_file)}
+        for proc in Path("/proc").iterdir():
+            if not proc.name.isdigit():
+                continue
+            try:
+                if b"corvane-sim" not in (proc / "cmdline").read_bytes():
+                    continue
+                entries = (proc / "environ").read_bytes().decode("utf-8", "replace").split("\0")
+            except OSError:
+                continue
+            environ = dict(item.split("=", 1) for item in entries if "=" in item)
+            if environ.get("WINEPREFIX") != ours["WINEPREFIX"]:
+                continue
+            if environ.get("CORVANE_SIM_SCENARIO") != ours["CORVANE_SIM_SCENARIO"]:
+                try:
+                    os.kill(int(proc.name), signal.SIGKILL)
+                except OSError:
+                    pass
 
     def program(self, name, resources):
         """A copy of cvcli.exe under another file name or without its library."""
