@@ -65,7 +65,10 @@ def _unescape(body, wide):
 
 # One literal: an opening quote, then anything but a lone quote ("" is a quote).
 _LITERAL = r'(?:L?"(?:[^"\n]|"")*")'
-_ENTRY = re.compile(r"\s*(?P<id>[A-Za-z_][A-Za-z0-9_]*|0[xX][0-9a-fA-F]+|\d+)\s*,?\s*(?P<strings>" + _LITERAL + r"(?:\s*" + _LITERAL + r")*)")
+_ENTRY = re.compile(
+    r"\s*(?P<id>[A-Za-z_][A-Za-z0-9_]*|0[xX][0-9a-fA-F]+|\d+)\s*,?\s*"
+    r"(?P<strings>" + _LITERAL + r"(?:\s*" + _LITERAL + r")*)"
+)
 
 
 def _defines(header):
