@@ -13,6 +13,7 @@
 #define MSG_MESSAGE_FILE_NAME 5184
 #define MSG_OPERATION_COMPLETED 5375
 #define MSG_OPERATION_NOT_AVAILABLE 7000
+#define MSG_EVENTS_NOT_CONNECTED 7001
 
 // Progress events (event code in brackets), printed as "<subject> : <text>".
 #define MSG_EVENT_PREPARING_LUN 5012          // [1]
@@ -138,6 +139,7 @@
     X(MSG_MESSAGE_FILE_NAME)                                                                                                     \
     X(MSG_OPERATION_COMPLETED)                                                                                                   \
     X(MSG_OPERATION_NOT_AVAILABLE)                                                                                               \
+    X(MSG_EVENTS_NOT_CONNECTED)                                                                                              \
     X(MSG_EVENT_PREPARING_LUN)                                                                                                   \
     X(MSG_EVENT_FLUSHING_BUFFERS)                                                                                                \
     X(MSG_EVENT_SUSPENDING_WRITES)                                                                                               \

@@ -1,8 +1,8 @@
 #include "service/ServiceAccess.h"
 
-#include "front_end/Exceptions.h"
-#include "MessageIds.h"
 #include "Corvane.h"
+#include "MessageIds.h"
+#include "front_end/Exceptions.h"
 
 #include <cwchar>
 #include <vector>
@@ -18,7 +18,9 @@ HRESULT CallCreateInstanceEx(REFCLSID clsid, DWORD context, COSERVERINFO *server
 
 } // namespace
 
-void SetCreateInstanceExForTesting(CreateInstanceExFn fn) { g_createInstanceEx = fn; }
+void SetCreateInstanceExForTesting(CreateInstanceExFn fn) {
+    g_createInstanceEx = fn;
+}
 
 void CreateServiceInterface(const wchar_t *machineName, REFCLSID clsid, REFIID iid, void **out) {
     MULTI_QI qi = {&iid, nullptr, 0};

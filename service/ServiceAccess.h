@@ -16,8 +16,7 @@ void SetCreateInstanceExForTesting(CreateInstanceExFn fn); // null restores CoCr
 // is left untouched.
 void CreateServiceInterface(const wchar_t *machineName, REFCLSID clsid, REFIID iid, void **out);
 
-template <typename Interface>
-void CreateServiceInterface(const wchar_t *machineName, REFCLSID clsid, ComPtr<Interface> &out) {
+template <typename Interface> void CreateServiceInterface(const wchar_t *machineName, REFCLSID clsid, ComPtr<Interface> &out) {
     Interface *created = nullptr;
     CreateServiceInterface(machineName, clsid, __uuidof(Interface), reinterpret_cast<void **>(&created));
     out.Attach(created);

@@ -1,0 +1,63 @@
+#include "MessageIds.h"
+#include "commands/Handlers.h"
+#include "commands/disk/DiskPrinters.h"
+#include "commands/disk/DiskRecords.h"
+#include "front_end/Console.h"
+#include "service/EventSinks.h"
+#include "service/ServiceAccess.h"
+
+namespace {
+
+void PrintNoLuns() {
+    Print(L"Either no LUNs exist or Corvane could not detect any LUNs\n");
+}
+
+// Each LUN is followed by the initiator through which the host reaches it.
+void PrintPortInitiator(IVirtualDisk *disk, const DiskInfo &info) {
+    if (info.dwType != 1)
+        return;
+    InitiatorInfo *initiator = nullptr;
+    CheckServiceCall(disk->GetPortInitiator(info.bySCSIPort, &initiator), MSG_LIST_DISKS_FAILED);
+    OwnedInitiator owned(initiator);
+    if (initiator != nullptr)
+        PrintInitiatorInfo(L"", *initiator);
+}
+
+void ListExtended(IVirtualDisk2 *disk) {
+    OwnedDiskInfoExList disks;
+    CheckServiceCall(disk->EnumerateDisksEx(disks.Out()), MSG_LIST_DISKS_FAILED);
+    if (disks->dwCount == 0)
+        PrintNoLuns();
+    for (DWORD i = 0; i < disks->dwCount; ++i) {
+        const DiskInfoEx &entry = disks->pDisks[i];
+        PrintDiskInfoEx(entry);
+        if (entry.pDisk != nullptr)
+            PrintPortInitiator(disk, *entry.pDisk);
+    }
+}
+
+void ListBasic(IVirtualDisk *disk) {
+    OwnedDiskInfoList disks;
+    CheckServiceCall(disk->EnumerateDisks(disks.Out()), MSG_LIST_DISKS_FAILED);
+    if (disks->dwCount == 0)
+        PrintNoLuns();
+    for (DWORD i = 0; i < disks->dwCount; ++i) {
+        PrintDiskInfo(disks->pDisks[i]);
+        PrintPortInitiator(disk, disks->pDisks[i]);
+    }
+}
+
+} // namespace
+
+void DiskList(CCommandLine &cl) {
+    ComPtr<IVirtualDisk> disk;
+    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, disk);
+    // An older service has no IVirtualDisk2: it gets the basic listing.
+    ComPtr<IVirtualDisk2> disk2;
+    disk.As(&disk2);
+    EventConnection events = ConnectSink<CVirtualDiskEvents>(disk.Get());
+    if (disk2)
+        ListExtended(disk2.Get());
+    else
+        ListBasic(disk.Get());
+}
