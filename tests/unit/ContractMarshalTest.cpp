@@ -345,4 +345,193 @@ TEST_F(ContractMarshalTest, AServiceAllocatedRecordComesBackForANullName) {
     CoTaskMemFree(caps);
 }
 
+// ---- Connectivity: records embedded in records, arrays inside arrays, fixed
+// UTF-16 fields and a block of them.
+
+HRESULT STDMETHODCALLTYPE ListSessions(FakeObject *, const wchar_t *, IscsiConnectedTargetList *list) {
+    list->dwCount = 1;
+    list->pTargets = Alloc<IscsiConnectedTarget>();
+    list->pTargets->wszTargetName = Dup(L"iqn.target");
+    list->pTargets->dwSessionCount = 1;
+    IscsiSession *session = list->pTargets->pSessions = Alloc<IscsiSession>();
+    session->ullSessionId2 = 0xfeedULL;
+    session->hba.dwHbaId = 9;
+    session->hba.dwPortalCount = 1;
+    session->hba.pPortals = Alloc<IscsiPortal>();
+    session->hba.pPortals->dwPort = 3260;
+    session->dwConnectionCount = 1;
+    session->pConnections = Alloc<IscsiConnection>();
+    session->pConnections->byCid[1] = 0x12;
+    session->pConnections->targetPortal.dwIpAddress = 0x0100007f;
+    return S_OK;
+}
+HRESULT STDMETHODCALLTYPE CreateIGroup(FakeObject *, const wchar_t *, IGroupInfo *group, const wchar_t *computer) {
+    g_seen =
+        std::wstring(group->wszNodeName) + L"|" + group->wszGroupName + L"|" + group->pInitiators[1].wszName + L"|" + computer;
+    return S_OK;
+}
+HRESULT STDMETHODCALLTYPE ListIGroups(FakeObject *, const wchar_t *, IGroupList *list) {
+    list->dwCount = 1;
+    list->pGroups = Alloc<IGroupInfo>();
+    wcscpy(list->pGroups->wszGroupName, L"ig1");
+    list->pGroups->dwOsType = 4;
+    list->pGroups->dwInitiatorCount = 1;
+    list->pGroups->pInitiators = Alloc<InitiatorNameField>();
+    wcscpy(list->pGroups->pInitiators->wszName, L"iqn.host");
+    return S_OK;
+}
+
+TEST_F(ContractMarshalTest, NestedConnectivityRecordsKeepEveryLevel) {
+    FakeVtable iscsiSlots;
+    iscsiSlots.slots[5] = AsSlot(&ListSessions);
+    SERVE(iscsi, IIscsi, iscsiSlots);
+    TaskMem mem;
+    IscsiConnectedTargetList targets{};
+    ASSERT_EQ(proxy->ListSessions(L"host", &targets), S_OK);
+    ASSERT_EQ(targets.dwCount, 1u);
+    EXPECT_STREQ(mem << (mem << targets.pTargets)->wszTargetName, L"iqn.target");
+    ASSERT_EQ(targets.pTargets->dwSessionCount, 1u);
+    const IscsiSession &session = *(mem << targets.pTargets->pSessions);
+    EXPECT_EQ(session.ullSessionId2, 0xfeedULL);
+    EXPECT_EQ(session.hba.dwHbaId, 9u);
+    ASSERT_EQ(session.hba.dwPortalCount, 1u);
+    EXPECT_EQ((mem << session.hba.pPortals)->dwPort, 3260u);
+    ASSERT_EQ(session.dwConnectionCount, 1u);
+    EXPECT_EQ((mem << session.pConnections)->byCid[1], 0x12);
+    EXPECT_EQ(session.pConnections->targetPortal.dwIpAddress, 0x0100007fu);
+
+    FakeVtable groupSlots;
+    groupSlots.slots[4] = AsSlot(&ListIGroups);
+    groupSlots.slots[5] = AsSlot(&CreateIGroup);
+    ServedObject groups(dll_, IID_IIGroup, groupSlots);
+    ASSERT_EQ(groups.Status(), S_OK) << groups.Error();
+    IGroupInfo group{};
+    wcscpy(group.wszNodeName, L"node");
+    wcscpy(group.wszGroupName, L"ig1");
+    InitiatorNameField names[2] = {{L"iqn.a"}, {L"iqn.b"}};
+    group.dwInitiatorCount = 2;
+    group.pInitiators = names;
+    ASSERT_EQ(groups.As<IIGroup>()->CreateIGroup(L"st1", &group, L"HOST"), S_OK);
+    EXPECT_EQ(g_seen, L"node|ig1|iqn.b|HOST");
+    IGroupList list{};
+    ASSERT_EQ(groups.As<IIGroup>()->ListIGroups(L"st1", &list), S_OK);
+    ASSERT_EQ(list.dwCount, 1u);
+    EXPECT_STREQ((mem << list.pGroups)->wszGroupName, L"ig1");
+    EXPECT_EQ(list.pGroups->dwOsType, 4u);
+    ASSERT_EQ(list.pGroups->dwInitiatorCount, 1u);
+    EXPECT_STREQ((mem << list.pGroups->pInitiators)->wszName, L"iqn.host");
+}
+
+// ---- Snapshots: out lists that come back with a failing result, small [out]
+// values, an [in] array of strings.
+
+constexpr HRESULT kBothReasons = static_cast<HRESULT>(0xC00403F8);
+constexpr HRESULT kPartialFailure = static_cast<HRESULT>(0xC004038B);
+
+HRESULT STDMETHODCALLTYPE CheckVolumeRestore(FakeObject *, const wchar_t *, const wchar_t *, const wchar_t *,
+                                             NewerSnapshotList *newer, NonLunFileList *files, MirrorDestinationState *mirror) {
+    newer->dwCount = 1;
+    newer->pSnapshots = Alloc<NewerSnapshot>();
+    newer->pSnapshots->wszName = Dup(L"snap2");
+    newer->pSnapshots->bConsistent = 1;
+    files->dwCount = 1;
+    files->pFiles = Alloc<NonLunFile>();
+    files->pFiles->wszFilePath = Dup(L"/vol/v/f");
+    mirror->bIsUnbrokenDestination = 1;
+    mirror->dwMirrorState = 10;
+    return kBothReasons;
+}
+HRESULT STDMETHODCALLTYPE DeleteSnapshot(FakeObject *, const wchar_t *, const wchar_t *, boolean *queued) {
+    *queued = 1;
+    return S_OK;
+}
+HRESULT STDMETHODCALLTYPE ListSnapshots(FakeObject *, const wchar_t *, SnapshotArray *array, ULONGLONG *a, ULONGLONG *b,
+                                        ULONGLONG *c) {
+    array->dwCount = 1;
+    array->pSnapshots = Alloc<SnapshotInfo>();
+    array->pSnapshots->ftCreated = {0x89abcdefu, 0x01d00000u};
+    array->pSnapshots->nUsedPercent = -5;
+    array->pSnapshots->dwConsistency = 3;
+    *a = 1, *b = 2, *c = 3;
+    return S_OK;
+}
+HRESULT STDMETHODCALLTYPE ListDriveSnapshots(FakeObject *, DriveNameArray *drives, DriveSnapshotsArray *out, BOOL flag) {
+    g_seen = std::wstring(drives->pwszDrives[0]) + L"|" + drives->pwszDrives[1] + L"|" + std::to_wstring(flag);
+    out->dwCount = 1;
+    out->pDrives = Alloc<DriveSnapshots>();
+    out->pDrives->hrStatus = E_ACCESSDENIED;
+    out->pDrives->wszError = Dup(L"denied");
+    return kPartialFailure;
+}
+
+TEST_F(ContractMarshalTest, SnapshotOutputsArriveEvenWithAFailingResult) {
+    FakeVtable restoreSlots;
+    restoreSlots.slots[3] = AsSlot(&CheckVolumeRestore);
+    SERVE(restore, ISnapShotVolumeRestore, restoreSlots);
+    TaskMem mem;
+    NewerSnapshotList newer{};
+    NonLunFileList files{};
+    MirrorDestinationState mirror{};
+    ASSERT_EQ(proxy->CheckVolumeRestore(L"st1", L"v", L"snap1", &newer, &files, &mirror), kBothReasons);
+    ASSERT_EQ(newer.dwCount, 1u);
+    EXPECT_STREQ(mem << (mem << newer.pSnapshots)->wszName, L"snap2");
+    EXPECT_EQ(newer.pSnapshots->bConsistent, 1);
+    ASSERT_EQ(files.dwCount, 1u);
+    EXPECT_STREQ(mem << (mem << files.pFiles)->wszFilePath, L"/vol/v/f");
+    EXPECT_EQ(mirror.bIsUnbrokenDestination, 1);
+    EXPECT_EQ(mirror.dwMirrorState, 10u);
+
+    FakeVtable manageSlots;
+    manageSlots.slots[5] = AsSlot(&DeleteSnapshot);
+    ServedObject manage(dll_, IID_ISnapShotManage, manageSlots);
+    ASSERT_EQ(manage.Status(), S_OK) << manage.Error();
+    boolean queued = 0;
+    ASSERT_EQ(manage.As<ISnapShotManage>()->DeleteSnapshot(L"E:\\", L"snap1", &queued), S_OK);
+    EXPECT_EQ(queued, 1);
+
+    FakeVtable listSlots;
+    listSlots.slots[3] = AsSlot(&ListSnapshots);
+    ServedObject list(dll_, IID_ISnapShotList, listSlots);
+    ASSERT_EQ(list.Status(), S_OK) << list.Error();
+    SnapshotArray snapshots{};
+    ULONGLONG a = 0, b = 0, c = 0;
+    ASSERT_EQ(list.As<ISnapShotList>()->ListSnapshots(nullptr, &snapshots, &a, &b, &c), S_OK);
+    EXPECT_EQ(a + b * 10 + c * 100, 321u);
+    ASSERT_EQ(snapshots.dwCount, 1u);
+    EXPECT_EQ((mem << snapshots.pSnapshots)->ftCreated.dwHighDateTime, 0x01d00000u);
+    EXPECT_EQ(snapshots.pSnapshots->nUsedPercent, -5);
+    EXPECT_EQ(snapshots.pSnapshots->dwConsistency, 3u);
+
+    FakeVtable spaceSlots;
+    spaceSlots.slots[3] = AsSlot(&ListDriveSnapshots);
+    ServedObject space(dll_, IID_ISnapShotSpace, spaceSlots);
+    ASSERT_EQ(space.Status(), S_OK) << space.Error();
+    LPWSTR names[2] = {const_cast<wchar_t *>(L"E"), const_cast<wchar_t *>(L"F:\\mnt\\")};
+    DriveNameArray drives{2, names};
+    DriveSnapshotsArray perDrive{};
+    ASSERT_EQ(space.As<ISnapShotSpace>()->ListDriveSnapshots(&drives, &perDrive, TRUE), kPartialFailure);
+    EXPECT_EQ(g_seen, L"E|F:\\mnt\\|1");
+    ASSERT_EQ(perDrive.dwCount, 1u);
+    EXPECT_EQ((mem << perDrive.pDrives)->hrStatus, E_ACCESSDENIED);
+    EXPECT_STREQ(mem << perDrive.pDrives->wszError, L"denied");
+}
+
+// ---- Events travel the other way: the service calls the tool's sink.
+
+HRESULT STDMETHODCALLTYPE MirrorProgressEvent(FakeObject *, const wchar_t *name, const wchar_t *drive, const wchar_t *text,
+                                              MirrorProgress *progress) {
+    g_seen = Text(name) + L"|" + Text(drive) + L"|" + Text(text) + L"|" + std::to_wstring(progress->transferred) + L"|" +
+             std::to_wstring(progress->countValid) + L"|" + std::to_wstring(progress->mirrorState);
+    return S_OK;
+}
+
+TEST_F(ContractMarshalTest, MirrorProgressEventCarriesItsRecord) {
+    FakeVtable vtable;
+    vtable.slots[3] = AsSlot(&MirrorProgressEvent);
+    SERVE(sink, _ISnapShotEvents2, vtable);
+    MirrorProgress progress{5000000000ULL, 0, 1, 35};
+    ASSERT_EQ(proxy->MirrorProgress(L"snap1", L"E", nullptr, &progress), S_OK);
+    EXPECT_EQ(g_seen, L"snap1|E|(null)|5000000000|1|35");
+}
+
 } // namespace
