@@ -61,7 +61,11 @@ TEST(RecordLayoutTest, EveryFieldSitsWhereTheServiceExpectsIt) {
         AT(ExpandLimits, bSmallDiskLimit, 40),
         AT(ExpandLimits, bLimitsValid, 41),
         AT(ExpandLimits, dwPartitionStyle, 48),
+        AT(ExpandRequest, wszStorageSystem, 8),
+        AT(ExpandRequest, wszStorageSystemPath, 16),
         AT(ExpandRequest, llExpandSize, 24),
+        AT(UncPathInfo, wszStorageSystemPath, 8),
+        AT(PreferredIPEntry, wszIpAddress, 8),
         SIZE(PreferredIPEntry, 16),
         // iSCSI
         SIZE(IscsiPortal, 20),
@@ -146,6 +150,7 @@ TEST(RecordLayoutTest, EveryFieldSitsWhereTheServiceExpectsIt) {
         AT(MountPointMirror, wszMountPoint, 8),
         AT(MountPointMirror, bValidMountPoint, 16),
         AT(MountPointMirror, pDestinations, 24),
+        SIZE(MirrorProgress, 24),
         AT(MirrorProgress, countValid, 16),
         AT(MirrorProgress, mirrorState, 20),
         // Hyper-V
@@ -170,7 +175,20 @@ TEST(RecordLayoutTest, EveryFieldSitsWhereTheServiceExpectsIt) {
         AT(VhdLunInfo, pwszMountPoints, 112),
         // every list: a 32-bit count, then the pointer at the next 8-byte boundary
         AT(DiskInfoList, pDisks, 8),
+        AT(DiskInfoExList, pDisks, 8),
+        AT(InitiatorList, pInitiators, 8),
+        AT(PreferredIPTable, pEntries, 8),
+        AT(IscsiConnectedTargetList, pTargets, 8),
+        AT(IscsiStorageTargetList, pTargets, 8),
         AT(IGroupList, pGroups, 8),
+        AT(TransportProtocolList, pProtocols, 8),
+        AT(DriveNameArray, pwszDrives, 8),
+        AT(DriveSnapshotsArray, pDrives, 8),
+        AT(VolumeSnapshotArray, pSnapshots, 8),
+        AT(NewerSnapshotList, pSnapshots, 8),
+        AT(NonLunFileList, pFiles, 8),
+        AT(MirrorDestinationList, pDestinations, 8),
+        AT(MountPointMirrorList, pMountPoints, 8),
         AT(VirtualMachineList, pVms, 8),
     };
     for (const Layout &l : layouts)
