@@ -76,8 +76,8 @@ public:
     ProxyStubDll &operator=(const ProxyStubDll &) = delete;
 
     // Registers the DLL's factory as the proxy/stub class of `iid` in the
-    // calling apartment; the class id is the interface id, as the DLL's own
-    // registration has it.
+    // calling apartment. The DLL hands out its factory for the id of any of
+    // its interfaces; each interface's own id serves as the class id here.
     ::testing::AssertionResult RegisterIn(REFIID iid, std::vector<DWORD> &cookies) const {
         if (module_ == nullptr)
             return ::testing::AssertionFailure() << "CorvanePS.dll is not beside the test program";
