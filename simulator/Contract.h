@@ -21,6 +21,7 @@ struct MethodEntry {
 // The methods of each interface family, defined beside their implementations.
 std::vector<MethodEntry> VirtualDiskMethods();
 std::vector<MethodEntry> HostMethods();
+std::vector<MethodEntry> IscsiMethods();
 std::vector<MethodEntry> SnapshotMethods();
 std::vector<MethodEntry> SnapshotMountMethods();
 std::vector<MethodEntry> HyperVMethods();

@@ -46,6 +46,21 @@ public:
             out = static_cast<T>(Integer(*value, Path(name), static_cast<long long>(std::numeric_limits<T>::min()),
                                          static_cast<unsigned long long>(std::numeric_limits<T>::max())));
     }
+    // A small fixed array of integers (such as a 2-byte id), written as a JSON
+    // array of at most N numbers; the rest stays zero.
+    template <typename T, size_t N, std::enable_if_t<std::is_integral<T>::value, int> = 0>
+    void Integers(const char *name, T (&out)[N]) {
+        const Json *value = Find(name);
+        if (value == nullptr)
+            return;
+        ExpectArray(*value, name);
+        if (value->size() > N)
+            throw ScenarioError(Path(name) + ": at most " + std::to_string(N) + " numbers");
+        for (size_t i = 0; i < value->size(); ++i)
+            out[i] = static_cast<T>(Integer((*value)[i], Path(name) + "[" + std::to_string(i) + "]",
+                                            static_cast<long long>(std::numeric_limits<T>::min()),
+                                            static_cast<unsigned long long>(std::numeric_limits<T>::max())));
+    }
     void Field(const char *name, wchar_t *&out);
     void Field(const char *name, char *&out); // ANSI text, as serial numbers travel
     void Field(const char *name, FILETIME &out);
