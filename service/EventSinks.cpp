@@ -21,11 +21,11 @@ HRESULT STDMETHODCALLTYPE CSnapShotEvents::ReadyToCreate(DWORD, DWORD, const wch
 }
 
 HRESULT STDMETHODCALLTYPE CSnapShotEvents2::MirrorProgress(const wchar_t *snapshotName, const wchar_t *drive, const wchar_t *text,
-                                                           MirrorProgressInfo *progress) {
-    const MirrorProgressInfo none = {};
-    const MirrorProgressInfo &state = progress != nullptr ? *progress : none;
+                                                           ::MirrorProgress *progress) {
+    const ::MirrorProgress none = {};
+    const ::MirrorProgress &state = progress != nullptr ? *progress : none;
     Print(L"\n%ls",
-          MirrorProgressLine(snapshotName, drive, text, state.ullTransferred, state.dwCountValid, state.dwMirrorState).c_str());
+          MirrorProgressLine(snapshotName, drive, text, state.transferred, state.countValid, state.mirrorState).c_str());
     return S_OK;
 }
 

@@ -49,7 +49,7 @@ public:
 class CSnapShotEvents2 : public SinkBase<_ISnapShotEvents2> {
 public:
     HRESULT STDMETHODCALLTYPE MirrorProgress(const wchar_t *snapshotName, const wchar_t *drive, const wchar_t *text,
-                                             MirrorProgressInfo *progress) override;
+                                             ::MirrorProgress *progress) override;
 };
 
 class CVirtualDiskEvents : public SinkBase<_IVirtualDiskEvents> {

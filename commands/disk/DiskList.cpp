@@ -16,11 +16,9 @@ void PrintNoLuns() {
 void PrintPortInitiator(IVirtualDisk *disk, const DiskInfo &info) {
     if (info.dwType != 1)
         return;
-    InitiatorInfo *initiator = nullptr;
-    CheckServiceCall(disk->GetPortInitiator(info.bySCSIPort, &initiator), MSG_LIST_DISKS_FAILED);
-    OwnedInitiator owned(initiator);
-    if (initiator != nullptr)
-        PrintInitiatorInfo(L"", *initiator);
+    OwnedInitiatorInfo initiator;
+    CheckServiceCall(disk->GetPortInitiator(info.bySCSIPort, initiator.Out()), MSG_LIST_DISKS_FAILED);
+    PrintInitiatorInfo(L"", initiator.Get());
 }
 
 void ListExtended(IVirtualDisk2 *disk) {
