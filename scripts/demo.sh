@@ -8,6 +8,9 @@ root=$PWD
 bash scripts/bootstrap.sh
 cmake --preset mingw
 cmake --build --preset mingw -j 2
+# A simulator still lingering from another run keeps that run's scenario:
+# restart the Wine servers so that the demo's own is served.
+bash scripts/wine-prefix.sh --stop build
 bash scripts/wine-prefix.sh --start build
 # shellcheck source=wine-env.sh
 . scripts/wine-env.sh
