@@ -1,0 +1,200 @@
+// The service's events reach the sinks a client advised, with their
+// arguments intact, and a client that disconnects and releases everything
+// leaves no object or connection behind in the simulator.
+#include "simulator/tests/contract/Client.h"
+
+#include <gtest/gtest.h>
+
+#include <ocidl.h>
+#include <olectl.h>
+
+#include <mutex>
+#include <set>
+
+using Microsoft::WRL::ComPtr;
+
+namespace contract {
+namespace {
+
+// One sink for the three event interfaces: each event becomes a line of text.
+class Sink final : public _IVirtualDiskEvents, public _ISnapShotEvents, public _ISnapShotEvents2 {
+public:
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void **object) override {
+        if (riid == IID_IUnknown || riid == IID__IVirtualDiskEvents)
+            *object = static_cast<_IVirtualDiskEvents *>(this);
+        else if (riid == IID__ISnapShotEvents)
+            *object = static_cast<_ISnapShotEvents *>(this);
+        else if (riid == IID__ISnapShotEvents2)
+            *object = static_cast<_ISnapShotEvents2 *>(this);
+        else {
+            *object = nullptr;
+            return E_NOINTERFACE;
+        }
+        return S_OK;
+    }
+    // Lives as long as the test program: COM may release it late.
+    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+
+    HRESULT STDMETHODCALLTYPE ProgressMessage(DWORD, const wchar_t *subject, DWORD code) override {
+        return Add(Text(subject) + L" : " + std::to_wstring(code));
+    }
+    HRESULT STDMETHODCALLTYPE Reserved4(DWORD) override { return S_OK; }
+    HRESULT STDMETHODCALLTYPE ReadyToCreate(DWORD, DWORD, const wchar_t *name) override { return Add(L"ready " + Text(name)); }
+    HRESULT STDMETHODCALLTYPE MirrorProgress(const wchar_t *name, const wchar_t *drive, const wchar_t *text,
+                                             ::MirrorProgress *progress) override {
+        return Add(L"mirror " + Text(name) + L" " + Text(drive) + L" " + Text(text) + L" " +
+                   std::to_wstring(progress->transferred) + L" " + std::to_wstring(progress->countValid) + L" " +
+                   std::to_wstring(progress->mirrorState));
+    }
+
+    std::vector<std::wstring> Take() {
+        std::lock_guard<std::mutex> guard(lock_);
+        return std::move(lines_);
+    }
+
+private:
+    HRESULT Add(std::wstring line) {
+        std::lock_guard<std::mutex> guard(lock_);
+        lines_.push_back(std::move(line));
+        return S_OK;
+    }
+    std::mutex lock_;
+    std::vector<std::wstring> lines_;
+};
+
+Sink g_sink;
+
+// A connection to one event interface of an object, undone on every path.
+class Connection {
+public:
+    Connection(IUnknown *object, const IID &events) {
+        ComPtr<IConnectionPointContainer> container;
+        if (SUCCEEDED(object->QueryInterface(IID_PPV_ARGS(&container))) &&
+            SUCCEEDED(container->FindConnectionPoint(events, point_.GetAddressOf())) &&
+            FAILED(point_->Advise(static_cast<_IVirtualDiskEvents *>(&g_sink), &cookie_)))
+            cookie_ = 0;
+    }
+    ~Connection() {
+        if (cookie_ != 0)
+            point_->Unadvise(cookie_);
+    }
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
+    bool Connected() const { return cookie_ != 0; }
+
+private:
+    ComPtr<IConnectionPoint> point_;
+    DWORD cookie_ = 0;
+};
+
+TEST(Events, ReachTheSinksOfTheirInterfaceBeforeTheCallReturns) {
+    WriteScenario(kScenario);
+    struct Case {
+        const CLSID *clsid;
+        const IID *iid;
+        std::vector<const IID *> events;
+        HRESULT (*call)(IUnknown *);
+        std::vector<std::wstring> lines;
+    } cases[] = {
+        {&CLSID_VirtualDiskService,
+         &IID_IVirtualDisk,
+         {&IID__IVirtualDiskEvents},
+         [](IUnknown *u) { return static_cast<IVirtualDisk *>(u)->AddMountPoint(L"\\\\?\\Volume{1}\\", L"G:\\", TRUE); },
+         {L"G:\\ : 29"}},
+        {&CLSID_SnapShotService,
+         &IID_ISnapShotCreate,
+         {&IID__ISnapShotEvents, &IID__ISnapShotEvents2},
+         [](IUnknown *u) {
+             SnapshotCreateRequest request{};
+             return static_cast<ISnapShotCreate *>(u)->CreateSnapshot(&request, L"nightly.3", FALSE);
+         },
+         {L"E:\\ : 3", L"ready nightly.3"}},
+        {&CLSID_SnapShotService,
+         &IID_ISnapShotMount,
+         {&IID__ISnapShotEvents2},
+         [](IUnknown *u) {
+             return static_cast<ISnapShotMount *>(u)->MountSnapshot(L"HOST1", L"E:\\", L"nightly.1", L"G:\\", TRUE, FALSE,
+                                                                    nullptr, nullptr, 0);
+         },
+         {L"mirror nightly.1 G vol1 4096 1 35"}},
+    };
+    for (const Case &c : cases) {
+        ComPtr<IUnknown> object;
+        ASSERT_EQ(Create(*c.clsid, *c.iid, object), S_OK);
+        std::vector<std::unique_ptr<Connection>> connections;
+        for (const IID *events : c.events) {
+            connections.push_back(std::make_unique<Connection>(object.Get(), *events));
+            ASSERT_TRUE(connections.back()->Connected());
+        }
+        EXPECT_EQ(c.call(object.Get()), S_OK);
+        EXPECT_EQ(g_sink.Take(), c.lines);
+    }
+}
+
+// Waits for the simulator to log the release of a client's objects, which
+// Wine delivers a moment after the client has gone.
+std::vector<Json> WaitForDestroys(size_t count) {
+    for (int i = 0; i < 40; ++i) {
+        std::vector<Json> destroys = LogOf("destroy");
+        if (destroys.size() >= count)
+            return destroys;
+        Sleep(50);
+    }
+    return LogOf("destroy");
+}
+
+TEST(Balance, AClientThatLeavesCleanlyLeavesNothingBehind) {
+    WriteScenario(kScenario);
+    ClearLog();
+    ASSERT_EQ(RunClient(L"listing"), 0u);
+    std::vector<Json> creates = LogOf("create");
+    ASSERT_EQ(creates.size(), 2u);
+    std::vector<Json> destroys = WaitForDestroys(creates.size());
+    std::set<unsigned long> created, destroyed;
+    for (const Json &line : creates)
+        created.insert(line["object"].get<unsigned long>());
+    for (const Json &line : destroys) {
+        destroyed.insert(line["object"].get<unsigned long>());
+        EXPECT_EQ(line["openAdvises"], 0);
+    }
+    EXPECT_EQ(created, destroyed);
+    EXPECT_EQ(LogOf("advise").size(), 3u);
+    std::vector<Json> unadvises = LogOf("unadvise");
+    EXPECT_EQ(unadvises.size(), 3u);
+    for (const Json &line : unadvises)
+        EXPECT_EQ(line["known"], true);
+}
+
+} // namespace
+
+// The child of the balance test: a disk listing and a snapshot creation as
+// cvcli makes them, sinks connected and disconnected.
+int Client(const std::wstring &mode) {
+    if (mode != L"listing")
+        return 100;
+    {
+        ComPtr<IUnknown> disk;
+        if (Create(CLSID_VirtualDiskService, IID_IVirtualDisk, disk) != S_OK)
+            return 1;
+        ComPtr<IVirtualDisk2> disk2;
+        if (FAILED(disk.As(&disk2)))
+            return 2;
+        Connection events(disk.Get(), IID__IVirtualDiskEvents);
+        DiskInfoExList list{};
+        InitiatorInfo initiator{};
+        if (!events.Connected() || disk2->EnumerateDisksEx(&list) != S_OK || disk2->GetPortInitiator(3, &initiator) != S_OK)
+            return 3;
+    }
+    ComPtr<IUnknown> snap;
+    if (Create(CLSID_SnapShotService, IID_ISnapShotCreate, snap) != S_OK)
+        return 4;
+    Connection progress(snap.Get(), IID__ISnapShotEvents);
+    Connection mirror(snap.Get(), IID__ISnapShotEvents2);
+    SnapshotCreateRequest request{};
+    if (static_cast<ISnapShotCreate *>(snap.Get())->CreateSnapshot(&request, L"nightly.3", FALSE) != S_OK)
+        return 5;
+    return g_sink.Take().size() == 2 ? 0 : 6;
+}
+
+} // namespace contract
