@@ -199,22 +199,25 @@ class Session:
                 raise RuntimeError("%s is missing: build first" % path)
         shutil.rmtree(self.work, ignore_errors=True)
         self.work.mkdir(parents=True)
-        subprocess.run(
-            ["bash", str(REPO / "scripts" / "wine-prefix.sh"), "--start", str(self.build)],
-            stdin=subprocess.DEVNULL,
-            check=True,
-        )
-        self.stop_foreign_simulators()
+        self.prefix_script("--start")
+        if self.foreign_simulator():
+            # Killing the simulator alone would leave its class objects
+            # registered with COM: restart the Wine servers instead.
+            self.prefix_script("--stop")
+            self.prefix_script("--start")
         global _session
         _session = self
 
-    def stop_foreign_simulators(self):
-        """Ends a lingering simulator that another client started with other files.
+    def prefix_script(self, action):
+        script = REPO / "scripts" / "wine-prefix.sh"
+        subprocess.run(["bash", str(script), action, str(self.build)], stdin=subprocess.DEVNULL, check=True)
+
+    def foreign_simulator(self):
+        """True when a simulator that another client started with other files still runs.
 
         A simulator keeps the environment of the client that started it, so one
         left by a demo or a hand-run would go on serving that client's scenario.
         """
-        ours = {"WINEPREFIX": str(self.prefixes["service"]), "CORVANE_SIM_SCENARIO": winpath(self.scenario_file)}
         for proc in Path("/proc").iterdir():
             if not proc.name.isdigit():
                 continue
@@ -225,13 +228,11 @@ class Session:
             except OSError:
                 continue
             environ = dict(item.split("=", 1) for item in entries if "=" in item)
-            if environ.get("WINEPREFIX") != ours["WINEPREFIX"]:
+            if environ.get("WINEPREFIX") != str(self.prefixes["service"]):
                 continue
-            if environ.get("CORVANE_SIM_SCENARIO") != ours["CORVANE_SIM_SCENARIO"]:
-                try:
-                    os.kill(int(proc.name), signal.SIGKILL)
-                except OSError:
-                    pass
+            if environ.get("CORVANE_SIM_SCENARIO") != winpath(self.scenario_file):
+                return True
+        return False
 
     def program(self, name, resources):
         """A copy of cvcli.exe under another file name or without its library."""
