@@ -91,6 +91,8 @@ def verify(case, result, earlier):
             "exit status %s, expected %s"
             % (harness.hresult(result.status) if result.status is not None else "none", harness.hresult(expected_status))
         )
+    if reference is not None and result.calls() != reference.calls():
+        problems.append("calls %r, expected those of %r: %r" % (result.calls(), case.same_as, reference.calls()))
     if case.calls is not None and result.calls() != list(case.calls):
         problems.append("calls %r, expected %r" % (result.calls(), list(case.calls)))
     if case.released:
