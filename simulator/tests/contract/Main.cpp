@@ -34,33 +34,6 @@ public:
     }
 };
 
-TEST(Cost, WarmCreationAndCall) {
-    WriteScenario(kScenario);
-    LARGE_INTEGER frequency, start, created, called;
-    QueryPerformanceFrequency(&frequency);
-    const int creations = 20, calls = 50;
-    QueryPerformanceCounter(&start);
-    for (int i = 0; i < creations; ++i) {
-        ComPtr<IUnknown> object;
-        ASSERT_EQ(Create(CLSID_VirtualDiskService, IID_IVirtualDisk, object), S_OK);
-    }
-    QueryPerformanceCounter(&created);
-    ComPtr<IUnknown> object;
-    ASSERT_EQ(Create(CLSID_VirtualDiskService, IID_IVirtualDisk, object), S_OK);
-    LARGE_INTEGER callStart;
-    QueryPerformanceCounter(&callStart);
-    for (int i = 0; i < calls; ++i) {
-        InitiatorInfo initiator{};
-        ASSERT_EQ(static_cast<IVirtualDisk *>(object.Get())->GetPortInitiator(3, &initiator), S_OK);
-        CoTaskMemFree(initiator.wszName);
-    }
-    QueryPerformanceCounter(&called);
-    double createMs = 1000.0 * (created.QuadPart - start.QuadPart) / frequency.QuadPart / creations;
-    double callMs = 1000.0 * (called.QuadPart - callStart.QuadPart) / frequency.QuadPart / calls;
-    std::printf("warm creation %.2f ms, warm call %.2f ms\n", createMs, callMs);
-    EXPECT_LT(createMs, 500.0); // a cold start costs Wine about one second
-}
-
 } // namespace
 } // namespace contract
 

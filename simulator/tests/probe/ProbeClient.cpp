@@ -136,39 +136,10 @@ DWORD RunClient(const wchar_t *mode) {
     return code;
 }
 
-TEST_F(Plumbing, AnswersFromTheScenarioAndLogsTheRequest) {
-    WriteScenario(R"({"methods": {"IProbe.Invoke": [{"value": 41}, {"value": 42}]}})");
-    EXPECT_EQ(RunClient(L"calls"), 0u);
-    std::vector<Json> calls = LogOf("call");
-    ASSERT_EQ(calls.size(), 3u);
-    EXPECT_EQ(calls[0]["request"], Json::parse(R"({"dispid": 7, "text": "E:\\"})"));
-    EXPECT_EQ(calls[0]["response"], 0);
-    EXPECT_EQ(calls[1]["response"], 1);
-    EXPECT_EQ(calls[2]["response"], 1);
-    // The run's responses start over for the next client.
-    EXPECT_EQ(RunClient(L"calls"), 0u);
-}
-
 TEST_F(Plumbing, ErrorDescriptionReachesTheClient) {
     WriteScenario(R"({"methods": {"IProbe.Invoke": [{"result": "0xC004020F", "errorDescription": "The LUN is busy."},
                                                     {}]}})");
     EXPECT_EQ(RunClient(L"error"), 0u);
-}
-
-TEST_F(Plumbing, FiresEventsOnAdvisedSinksAndBalancesConnections) {
-    WriteScenario(R"({"methods": {"IProbe.Invoke": {"events": [{"event": "Probe", "code": 5},
-                                                               {"event": "Probe", "code": 6}]}}})");
-    EXPECT_EQ(RunClient(L"events"), 0u);
-    EXPECT_EQ(LogOf("advise").size(), 1u);
-    std::vector<Json> unadvise = LogOf("unadvise");
-    ASSERT_EQ(unadvise.size(), 2u);
-    EXPECT_EQ(unadvise[0]["known"], true);
-    EXPECT_EQ(unadvise[1]["known"], false);
-    ASSERT_EQ(LogOf("call").size(), 1u);
-    EXPECT_EQ(LogOf("call")[0]["sinksCalled"], 2);
-    EXPECT_EQ(LogOf("create").size(), LogOf("destroy").size());
-    ASSERT_EQ(LogOf("idle").size(), 1u);
-    EXPECT_EQ(LogOf("idle")[0]["leakedAdvises"], 0);
 }
 
 TEST_F(Plumbing, ALeftOverSinkShowsInTheIdleLine) {
@@ -201,27 +172,6 @@ TEST_F(Plumbing, CreationFailsLoudlyOnAFaultyScenarioOrWhenScripted) {
     EXPECT_EQ(Create(probe), HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND));
 }
 
-TEST_F(Plumbing, ALingeringServerMakesTheNextCreationFast) {
-    WriteScenario(R"({"methods": {"IProbe.Invoke": {"value": 1}}})");
-    {
-        ComPtr<IDispatch> probe;
-        ASSERT_EQ(Create(probe), S_OK);
-    }
-    LARGE_INTEGER frequency, start, created, called;
-    QueryPerformanceFrequency(&frequency);
-    QueryPerformanceCounter(&start);
-    ComPtr<IDispatch> probe;
-    ASSERT_EQ(Create(probe), S_OK);
-    QueryPerformanceCounter(&created);
-    long value = 0;
-    ASSERT_EQ(CallProbe(probe.Get(), value), S_OK);
-    QueryPerformanceCounter(&called);
-    double createMs = 1000.0 * (created.QuadPart - start.QuadPart) / frequency.QuadPart;
-    double callMs = 1000.0 * (called.QuadPart - created.QuadPart) / frequency.QuadPart;
-    std::printf("warm creation %.2f ms, warm call %.2f ms\n", createMs, callMs);
-    EXPECT_LT(createMs, 500.0); // a cold start costs Wine about one second
-}
-
 // The client half of the tests above; its exit code says which check failed.
 int Client(const std::wstring &mode) {
     ComPtr<IDispatch> probe;
@@ -246,13 +196,6 @@ int Client(const std::wstring &mode) {
             return 13;
         return 0;
     }
-    if (mode == L"calls") {
-        const long expected[] = {41, 42, 42};
-        for (long want : expected)
-            if (CallProbe(probe.Get(), value) != S_OK || value != want)
-                return 2;
-        return 0;
-    }
     ComPtr<IConnectionPointContainer> container;
     ComPtr<IConnectionPoint> point;
     if (FAILED(probe.As(&container)) || FAILED(container->FindConnectionPoint(IID_IDispatch, point.GetAddressOf())))
@@ -261,12 +204,7 @@ int Client(const std::wstring &mode) {
     DWORD cookie = 0;
     if (point->Advise(&sink, &cookie) != S_OK)
         return 4;
-    if (mode == L"leak")
-        return 0;
-    if (CallProbe(probe.Get(), value) != S_OK || sink.calls != 2 || sink.lastCode != 6)
-        return 5;
-    if (point->Unadvise(cookie) != S_OK || point->Unadvise(cookie) != CONNECT_E_NOCONNECTION)
-        return 6;
+    // Left advised on purpose: the server must count the sink as leaked.
     return 0;
 }
 
