@@ -200,11 +200,8 @@ class Session:
         shutil.rmtree(self.work, ignore_errors=True)
         self.work.mkdir(parents=True)
         self.prefix_script("--start")
-        if self.foreign_simulator():
-            # Killing the simulator alone would leave its class objects
-            # registered with COM: restart the Wine servers instead.
-            self.prefix_script("--stop")
-            self.prefix_script("--start")
+        if self.running_simulator():
+            self.restart_wine()
         global _session
         _session = self
 
@@ -212,11 +209,22 @@ class Session:
         script = REPO / "scripts" / "wine-prefix.sh"
         subprocess.run(["bash", str(script), action, str(self.build)], stdin=subprocess.DEVNULL, check=True)
 
-    def foreign_simulator(self):
-        """True when a simulator that another client started with other files still runs.
+    def restart_wine(self):
+        """Stops every Wine process of the build and starts warm servers again.
 
-        A simulator keeps the environment of the client that started it, so one
-        left by a demo or a hand-run would go on serving that client's scenario.
+        Killing a simulator alone would leave its class objects registered
+        with COM, and the next creation would wait for a dead process.
+        """
+        self.prefix_script("--stop")
+        self.prefix_script("--start")
+
+    def running_simulator(self):
+        """True when a simulator already runs in the service prefix.
+
+        It may serve another client's files (it keeps the environment of the
+        client that started it), or be about to exit at the end of its linger
+        time while the first case asks it for an object: the run starts with
+        a simulator of its own.
         """
         for proc in Path("/proc").iterdir():
             if not proc.name.isdigit():
@@ -228,9 +236,7 @@ class Session:
             except OSError:
                 continue
             environ = dict(item.split("=", 1) for item in entries if "=" in item)
-            if environ.get("WINEPREFIX") != str(self.prefixes["service"]):
-                continue
-            if environ.get("CORVANE_SIM_SCENARIO") != winpath(self.scenario_file):
+            if environ.get("WINEPREFIX") == str(self.prefixes["service"]):
                 return True
         return False
 
@@ -269,8 +275,9 @@ class Session:
             RUNEXIT_STATUS_FILE=winpath(self.status_file),
             CORVANE_SIM_SCENARIO=winpath(self.scenario_file),
             CORVANE_SIM_LOG=winpath(self.log_file),
-            # Keeps one simulator serving the whole run.
-            CORVANE_SIM_LINGER="30",
+            # One simulator serves the whole run, however long the stretches
+            # of cases that need no service; the fixture's stop ends it.
+            CORVANE_SIM_LINGER="600",
         )
         env.update(case.env)
         program = self.program(case.program, case.resources)
@@ -290,6 +297,10 @@ class Session:
                 timed_out = True
                 os.killpg(process.pid, signal.SIGKILL)
                 process.wait()
+        if timed_out:
+            # The kill may have taken the simulator along: start afresh so
+            # that one hang does not turn every later case into one.
+            self.restart_wine()
         seconds = time.monotonic() - started
         status = None
         if not timed_out and self.status_file.exists():
