@@ -77,6 +77,23 @@ def near_limit(*before, fill="x"):
     return list(before) + [fill * longest_argument(list(before))]
 
 
+def refused(hr):
+    """A scenario in which every creation of the disk service fails with hr."""
+    return {"classes": {"VirtualDiskService": {"createResult": "0x%08X" % hr}}}
+
+
+# The probe's failure shows the cause that fits the code's facility: a Win32
+# text, the NT-status table (asked for the code without its marker bit), the
+# resource library, or the unknown-error text with the code tried in base 17.
+REFUSALS = [
+    ("access denied", 0x80070005),
+    ("file not found", 0x80070002),
+    ("RPC server unavailable", 0x800706BA),
+    ("interface-defined code", 0xC0040123),
+    ("NT status", 0xD0000022),
+    ("other facility", 0x90040123),
+]
+
 CASES = [
     # Words and the entry's own cases.
     Case("no arguments", [], general_usage(), E_INVALIDARG, check=probed),
@@ -109,6 +126,17 @@ CASES = [
     Case("bare: vsconfig list", ["vsconfig", "list"], SERVICE_ABSENT, REGDB_E_CLASSNOTREG, prefix="bare"),
     Case("bare: help snap needs no service", ["help", "snap"], snap_usage(), E_INVALIDARG, prefix="bare"),
     Case("bare: dataset list needs no service", ["dataset", "list"], general_usage() + completion(), S_OK, prefix="bare"),
+    *[
+        Case("probe refused: " + label, [], alert(MSG_SERVICE_UNAVAILABLE, hr), hr, scenario=refused(hr))
+        for label, hr in REFUSALS
+    ],
+    Case(
+        "probe: object without the interface",
+        [],
+        alert(MSG_SERVICE_UNAVAILABLE, 0x80004002),
+        0x80004002,
+        scenario={"classes": {"VirtualDiskService": {"missingInterfaces": ["IVirtualDisk"]}}},
+    ),
     # The program's environment.
     Case("no CorvaneRes.dll: silent success", [], "", S_OK, resources=False),
     Case("no CorvaneRes.dll: snap list", ["snap", "list"], "", S_OK, resources=False),
@@ -122,6 +150,7 @@ CASES = [
         program="CorVane-Admin.EXE",
     ),
     Case("renamed with dots", ["snap"], snap_usage("my.cvcli"), E_INVALIDARG, program="My.CVCLI.exe"),
+    Case("non-ASCII program name", ["snap"], snap_usage("überwachung"), E_INVALIDARG, program="überwachung.exe"),
     # Hostile input: documented output and status, no crash, no hang.
     Case("near-limit command word", near_limit(fill="c"), general_usage(), E_INVALIDARG),
     Case("near-limit operation word", near_limit("snap"), snap_usage(), E_INVALIDARG),
