@@ -305,11 +305,11 @@ class Session:
             process.wait()
             watchdog.cancel()
             timed_out = hung.is_set()
+        seconds = time.monotonic() - started
         if timed_out:
             # The kill may have taken the simulator along: start afresh so
             # that one hang does not turn every later case into one.
             self.restart_wine()
-        seconds = time.monotonic() - started
         status = None
         if not timed_out and self.status_file.exists():
             text = self.status_file.read_text().strip()
