@@ -129,6 +129,15 @@ def main():
     # Case files may look up system texts while they load: start first.
     session.start()
     prepared = time.monotonic() - started
+    try:
+        return run(session, args, prepared)
+    finally:
+        # The run's simulator would otherwise linger with the run's files and
+        # serve them to the next hand-run client.
+        session.prefix_script("--stop")
+
+
+def run(session, args, prepared):
     cases = load_cases(args.pattern)
     if args.list:
         for stem, case in cases:
