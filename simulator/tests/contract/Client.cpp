@@ -33,6 +33,10 @@ void WriteScenario(const std::string &text) {
     std::ofstream(ScenarioPath().c_str(), std::ios::binary | std::ios::trunc) << text;
 }
 
+void RemoveScenario() {
+    DeleteFileW(ScenarioPath().c_str());
+}
+
 void ClearLog() {
     DeleteFileW(LogPath().c_str());
 }

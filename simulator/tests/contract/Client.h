@@ -19,6 +19,7 @@ using Json = nlohmann::json;
 
 std::wstring Directory();
 void WriteScenario(const std::string &text);
+void RemoveScenario();
 void ClearLog();
 std::vector<Json> LogOf(const char *event); // the call log's lines of one event
 

@@ -166,11 +166,37 @@ TEST(Balance, AClientThatLeavesCleanlyLeavesNothingBehind) {
         EXPECT_EQ(line["known"], true);
 }
 
+TEST(Balance, ALeftOverSinkIsCountedWhenItsObjectGoes) {
+    WriteScenario(kScenario);
+    ClearLog();
+    ASSERT_EQ(RunClient(L"leak"), 0u);
+    std::vector<Json> destroys = WaitForDestroys(1);
+    ASSERT_EQ(destroys.size(), 1u);
+    EXPECT_EQ(destroys[0]["openAdvises"], 1);
+    EXPECT_TRUE(LogOf("unadvise").empty());
+}
+
 } // namespace
+
+// A client that leaves with its sink still advised: the simulator must see it.
+static int LeakASink() {
+    ComPtr<IUnknown> disk;
+    if (Create(CLSID_VirtualDiskService, IID_IVirtualDisk, disk) != S_OK)
+        return 1;
+    ComPtr<IConnectionPointContainer> container;
+    ComPtr<IConnectionPoint> point;
+    DWORD cookie = 0;
+    if (FAILED(disk.As(&container)) || FAILED(container->FindConnectionPoint(IID__IVirtualDiskEvents, point.GetAddressOf())) ||
+        point->Advise(static_cast<_IVirtualDiskEvents *>(&g_sink), &cookie) != S_OK)
+        return 2;
+    return 0;
+}
 
 // The child of the balance test: a disk listing and a snapshot creation as
 // cvcli makes them, sinks connected and disconnected.
 int Client(const std::wstring &mode) {
+    if (mode == L"leak")
+        return LeakASink();
     if (mode != L"listing")
         return 100;
     {
