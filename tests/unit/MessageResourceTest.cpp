@@ -109,20 +109,6 @@ TEST_F(MessageResourceTest, DefinesAndListAgree) {
     EXPECT_EQ(defined, listed);
 }
 
-TEST_F(MessageResourceTest, RequiredNamesKeepTheirIds) {
-    const struct {
-        unsigned actual;
-        unsigned expected;
-    } cases[] = {{MSG_LUN_PATH_NOT_CONNECTED, 5106}, {MSG_LIST_DISKS_FAILED, 5362},
-                 {MSG_MOUNT_POINT_NOT_FOUND, 5366},  {MSG_INVALID_LUN_PATH, 6112},
-                 {MSG_ERROR_SEPARATOR, 5092},        {MSG_SERVICE_UNAVAILABLE, 5108},
-                 {MSG_UNKNOWN_ERROR, 5112},          {MSG_PLEASE_WAIT, 5120},
-                 {MSG_MESSAGE_FILE_NAME, 5184},      {MSG_OPERATION_COMPLETED, 5375},
-                 {MSG_OPERATION_NOT_AVAILABLE, 7000}};
-    for (const auto &c : cases)
-        EXPECT_EQ(c.actual, c.expected);
-}
-
 // Local errors pass FormatMessageW (inserts, %n, %%) and then wprintf (every
 // %): a text must come out of both unchanged, apart from its line ends, and
 // end its line.
