@@ -1,7 +1,21 @@
-// The operation handlers, one per dispatched (command, operation) pair.
+// The operation handlers, one per dispatched (command, operation) pair. Each
+// family declares its own handlers in its own block.
 #pragma once
 
 #include "front_end/CommandLine.h"
 
 // disk
 void DiskList(CCommandLine &cl);
+// (end of disk)
+
+// snap
+// (end of snap)
+
+// iscsi_initiator, iscsi_target, fcp_initiator, preferredIP
+// (end of iscsi, fcp, preferredIP)
+
+// igroup, transport_protocol
+// (end of igroup, transport_protocol)
+
+// hyperv
+// (end of hyperv)

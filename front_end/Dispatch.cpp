@@ -17,6 +17,15 @@ constexpr DispatchRow kDispatchTable[] = {
     {cmd::Disk, op::Connect, NotAvailable},
     {cmd::Disk, op::AddInitiator, NotAvailable},
     {cmd::Disk, op::RemoveInitiator, NotAvailable},
+    // (end of disk)
+    // snap
+    // (end of snap)
+    // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP
+    // (end of iscsi, fcp, preferredIP)
+    // igroup, transport_protocol
+    // (end of igroup, transport_protocol)
+    // hyperv
+    // (end of hyperv)
     // arkhold
     {cmd::Arkhold, op::VerifyConfiguration, NotAvailable},
     {cmd::Arkhold, op::Archive, NotAvailable},

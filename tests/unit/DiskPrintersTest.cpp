@@ -1,5 +1,5 @@
-#include "commands/disk/DiskPrinters.h"
-#include "commands/disk/LunPath.h"
+#include "commands/common/DiskPrinters.h"
+#include "commands/common/LunPath.h"
 #include "front_end/Console.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "commands/disk/DiskPrinters.h"
+#include "commands/common/DiskPrinters.h"
 
 #include "front_end/Console.h"
 #include "front_end/Messages.h"

@@ -1,4 +1,4 @@
-#include "commands/disk/DiskRecords.h"
+#include "commands/common/DiskRecords.h"
 
 void FreeDiskInfo(DiskInfo &disk) {
     FreeAndClear(disk.wszUncPath);

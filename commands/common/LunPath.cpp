@@ -1,8 +1,8 @@
-#include "commands/disk/LunPath.h"
+#include "commands/common/LunPath.h"
 
 #include "MessageIds.h"
-#include "commands/disk/DiskPrinters.h"
-#include "commands/disk/DiskRecords.h"
+#include "commands/common/DiskPrinters.h"
+#include "commands/common/DiskRecords.h"
 #include "front_end/Console.h"
 #include "front_end/Exceptions.h"
 #include "service/ServiceAccess.h"
