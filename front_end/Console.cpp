@@ -4,11 +4,79 @@
 
 #include <cstdio>
 #include <cwchar>
+#include <mutex>
 #include <vector>
 
 namespace {
 
 std::wstring *g_capture = nullptr;
+
+// Where standard output goes, found once: asking on every write costs a
+// round trip to the system for each line.
+enum class Target { Unknown, None, Console, Stream };
+
+class OutputWriter {
+public:
+    ~OutputWriter() { Flush(); }
+
+    void Write(const wchar_t *text, size_t length) {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_target == Target::Unknown)
+            Resolve();
+        if (m_target == Target::Console) {
+            DWORD written = 0;
+            WriteConsoleW(m_handle, text, static_cast<DWORD>(length), &written, nullptr);
+        } else if (m_target == Target::Stream) {
+            AppendUtf8WithCrLf(text, length, m_pending, m_lastWasCr);
+            if (m_pending.size() >= kFlushBytes)
+                FlushLocked();
+        }
+    }
+
+    void Flush() {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        FlushLocked();
+    }
+
+private:
+    // A pipe or a file gets whole blocks: under Wine each write is a costly
+    // call, and scripts read the output only once cvcli is done anyway.
+    static constexpr size_t kFlushBytes = 64 * 1024;
+
+    void Resolve() {
+        m_handle = GetStdHandle(STD_OUTPUT_HANDLE);
+        DWORD mode = 0;
+        if (m_handle == nullptr || m_handle == INVALID_HANDLE_VALUE)
+            m_target = Target::None;
+        else if (GetConsoleMode(m_handle, &mode))
+            m_target = Target::Console;
+        else
+            m_target = Target::Stream;
+    }
+
+    void FlushLocked() {
+        size_t done = 0;
+        while (done < m_pending.size()) {
+            DWORD written = 0;
+            const DWORD chunk = static_cast<DWORD>(m_pending.size() - done);
+            if (!WriteFile(m_handle, m_pending.data() + done, chunk, &written, nullptr) || written == 0)
+                break; // a closed pipe: the rest has nowhere to go
+            done += written;
+        }
+        m_pending.clear();
+    }
+
+    std::mutex m_mutex; // progress sinks print from COM's threads
+    Target m_target = Target::Unknown;
+    HANDLE m_handle = nullptr;
+    std::string m_pending;
+    bool m_lastWasCr = false;
+};
+
+OutputWriter &Writer() {
+    static OutputWriter writer;
+    return writer;
+}
 
 void WriteOut(const wchar_t *text, size_t length) {
     if (length == 0)
@@ -17,24 +85,43 @@ void WriteOut(const wchar_t *text, size_t length) {
         g_capture->append(text, length);
         return;
     }
-    HANDLE out = GetStdHandle(STD_OUTPUT_HANDLE);
-    if (out == nullptr || out == INVALID_HANDLE_VALUE)
-        return;
-    DWORD mode = 0;
-    DWORD written = 0;
-    if (GetConsoleMode(out, &mode)) {
-        WriteConsoleW(out, text, static_cast<DWORD>(length), &written, nullptr);
-        return;
-    }
-    int bytes = WideCharToMultiByte(CP_UTF8, 0, text, static_cast<int>(length), nullptr, 0, nullptr, nullptr);
-    if (bytes <= 0)
-        return;
-    std::vector<char> utf8(static_cast<size_t>(bytes));
-    WideCharToMultiByte(CP_UTF8, 0, text, static_cast<int>(length), utf8.data(), bytes, nullptr, nullptr);
-    WriteFile(out, utf8.data(), static_cast<DWORD>(bytes), &written, nullptr);
+    Writer().Write(text, length);
 }
 
 } // namespace
+
+void AppendUtf8WithCrLf(const wchar_t *text, size_t length, std::string &out, bool &lastWasCr) {
+    // Texts arrive with either line end (literal formats end in LF, message
+    // and system texts in CR LF): every LF becomes CR LF unless a CR already
+    // stands before it, also when that CR ended the previous write.
+    size_t start = 0;
+    auto appendRun = [&](size_t from, size_t to) {
+        if (to <= from)
+            return;
+        const int count = static_cast<int>(to - from);
+        const int bytes = WideCharToMultiByte(CP_UTF8, 0, text + from, count, nullptr, 0, nullptr, nullptr);
+        if (bytes <= 0)
+            return;
+        const size_t at = out.size();
+        out.resize(at + static_cast<size_t>(bytes));
+        WideCharToMultiByte(CP_UTF8, 0, text + from, count, &out[at], bytes, nullptr, nullptr);
+    };
+    for (size_t i = 0; i < length; ++i) {
+        if (text[i] == L'\n') {
+            const bool crBefore = i > 0 ? text[i - 1] == L'\r' : lastWasCr;
+            appendRun(start, i);
+            out += crBefore ? "\n" : "\r\n";
+            start = i + 1;
+        }
+    }
+    appendRun(start, length);
+    if (length > 0)
+        lastWasCr = text[length - 1] == L'\r';
+}
+
+void FlushOutput() {
+    Writer().Flush();
+}
 
 std::wstring FormatTextV(const wchar_t *format, va_list args) {
     if (format == nullptr)

@@ -1,6 +1,7 @@
 // The one way cvcli writes to its standard output. A console gets UTF-16 text
-// through WriteConsoleW; a pipe or a file gets UTF-8, so that non-ASCII names
-// survive redirection. Formats use the Microsoft conventions: %ls for wide and
+// through WriteConsoleW as it is printed; a pipe or a file gets UTF-8 with
+// every line ending in CR LF, as Windows tools write, gathered into blocks and
+// written at the latest by FlushOutput. Formats use the Microsoft conventions: %ls for wide and
 // %hs for narrow strings, %I64d for 64-bit numbers.
 #pragma once
 
@@ -25,6 +26,14 @@ std::wstring FormatTextV(const wchar_t *format, va_list args);
 // Replaces each "%s" of a literal help format with the next argument in turn
 // ("%%" gives "%"); missing arguments print as "(null)".
 std::wstring SubstituteStrings(const wchar_t *format, const wchar_t *const *args, unsigned count);
+
+// Writes out what a pipe or file has not received yet. Start-up calls it
+// before the process ends, on every path.
+void FlushOutput();
+
+// UTF-8 of the text appended to out, each LF written as CR LF unless a CR
+// stands before it (lastWasCr carries that across calls).
+void AppendUtf8WithCrLf(const wchar_t *text, size_t length, std::string &out, bool &lastWasCr);
 
 // Test seam: when set, output is appended here instead of being written out.
 void CaptureOutput(std::wstring *sink);

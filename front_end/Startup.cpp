@@ -129,11 +129,17 @@ int RunCvcli(wchar_t **argv) {
     ComApartment apartment;
     // A COM start-up failure is raised outside the catch region: the process
     // ends abnormally, as it cannot talk to any service.
-    if (apartment.Result() != S_OK)
+    if (apartment.Result() != S_OK) {
+        FlushOutput();
         throw AlertUserException(MSG_SERVICE_UNAVAILABLE, apartment.Result());
+    }
     HRESULT hr = CoInitializeSecurity(nullptr, -1, nullptr, nullptr, RPC_C_AUTHN_LEVEL_NONE, RPC_C_IMP_LEVEL_IMPERSONATE, nullptr,
                                       EOAC_NONE, nullptr);
-    if (hr != S_OK)
+    if (hr != S_OK) {
+        FlushOutput();
         throw AlertUserException(MSG_SERVICE_UNAVAILABLE, hr);
-    return static_cast<int>(RunCaught(argv));
+    }
+    const HRESULT status = RunCaught(argv);
+    FlushOutput();
+    return static_cast<int>(status);
 }

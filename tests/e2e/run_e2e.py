@@ -58,8 +58,25 @@ def diff(label, expected, actual):
 
 
 def as_bytes(value):
+    """Expected output as cvcli writes it to a pipe: a text's line ends,
+    written as LF or CR LF, become CR LF; bytes stand as they are."""
     value = value() if callable(value) else value
-    return value.encode("utf-8") if isinstance(value, str) else value
+    if isinstance(value, str):
+        return value.replace("\r\n", "\n").replace("\n", "\r\n").encode("utf-8")
+    return value
+
+
+def line_end_faults(output):
+    """Where output to a pipe breaks the CR LF rule: a lone LF or CR CR LF."""
+    faults = []
+    for at in range(len(output)):
+        if output[at : at + 1] != b"\n":
+            continue
+        if at == 0 or output[at - 1 : at] != b"\r":
+            faults.append("lone LF at byte %d" % at)
+        elif at >= 2 and output[at - 2 : at - 1] == b"\r":
+            faults.append("CR CR LF at byte %d" % (at - 2))
+    return faults
 
 
 def verify(case, result, earlier):
@@ -81,6 +98,9 @@ def verify(case, result, earlier):
         expected = reference.stdout if reference is not None else as_bytes(case.stdout)
         if result.stdout != expected:
             problems.append(diff("stdout", expected, result.stdout))
+    faults = line_end_faults(result.stdout)
+    if faults:
+        problems.append("stdout line ends: %s" % ", ".join(faults[:5]))
     if case.stderr is not None:
         expected = as_bytes(case.stderr)
         if result.stderr != expected:
