@@ -13,3 +13,8 @@ AlertUserException::AlertUserException(unsigned messageId, HRESULT hr) : m_messa
         BuildAlertText(messageId, hr, m_text, kTextChars);
     }
 }
+
+void AlertUserException::FreeText() {
+    CoTaskMemFree(m_text);
+    m_text = nullptr;
+}

@@ -42,11 +42,13 @@ public:
     HRESULT Hresult() const { return m_hr; }
     // CoTaskMem buffer of kTextChars characters; may be null if allocation failed.
     const wchar_t *Text() const { return m_text; }
+    // Once printed, the text is given back (copies of the exception share it).
+    void FreeText();
 
 private:
     unsigned m_messageId;
     HRESULT m_hr;
-    wchar_t *m_text; // never freed: the process ends right after it is printed
+    wchar_t *m_text;
 };
 
 class LocalErrorException {

@@ -1,5 +1,6 @@
 #include "front_end/Startup.h"
 
+#include "front_end/AllocationSpy.h"
 #include "front_end/CommandLine.h"
 #include "front_end/Console.h"
 #include "front_end/Dispatch.h"
@@ -89,6 +90,7 @@ HRESULT RunCaught(wchar_t **argv) {
         return E_INVALIDARG;
     } catch (AlertUserException &e) {
         PrintAlert(e.Hresult(), e.Text());
+        e.FreeText();
         return e.Hresult();
     } catch (LocalErrorException &e) {
         PrintLocalError(e.MessageId());
@@ -126,6 +128,7 @@ int RunCvcli(wchar_t **argv) {
         MessageBoxW(nullptr, L"Loading CorvaneRes.dll failed", L"Error", MB_ICONERROR);
         return 0;
     }
+    AllocationAccounting allocations; // outlives the apartment: it counts what COM gives back at the end
     ComApartment apartment;
     // A COM start-up failure is raised outside the catch region: the process
     // ends abnormally, as it cannot talk to any service.

@@ -52,6 +52,8 @@ class Case:
              status this one must reproduce exactly
     check    a function(Result) that raises AssertionError for anything else
     released every service object created must be released by the end
+    allocations every COM task-allocator block cvcli took must be given back
+             by the end (cvcli's own count, see CVCLI_ALLOCATION_REPORT)
     """
 
     name: str
@@ -67,6 +69,7 @@ class Case:
     same_as: Optional[str] = None
     check: Optional[Callable] = None
     released: bool = True
+    allocations: bool = True
     env: dict = field(default_factory=dict)
     timeout: float = 30.0
 
@@ -79,6 +82,7 @@ class Result:
     events: list  # the simulator's call log, one dict per line
     seconds: float
     timed_out: bool = False
+    allocations: Optional[str] = None  # cvcli's report: "outstanding <blocks> <bytes>"
 
     def calls(self):
         """The methods called on the simulator, in order."""
@@ -176,6 +180,7 @@ class Session:
         self.scenario_file = self.work / "scenario.json"
         self.log_file = self.work / "calls.jsonl"
         self.status_file = self.work / "status.txt"
+        self.allocation_file = self.work / "allocations.txt"
         self.prefixes = {"service": self.build / "wineprefix", "bare": self.build / "wineprefix-bare"}
         self.wine = os.environ.get("WINE") or ("/usr/lib/wine/wine64" if os.path.exists("/usr/lib/wine/wine64") else "wine64")
         self._system_texts = {}
@@ -268,12 +273,15 @@ class Session:
 
     def run(self, case):
         self.write_scenario(case.scenario)
-        for path in (self.log_file, self.status_file):
+        for path in (self.log_file, self.status_file, self.allocation_file):
             if path.exists():
                 path.unlink()
         env = self.base_env(case.prefix)
         env.update(
             RUNEXIT_STATUS_FILE=winpath(self.status_file),
+            CVCLI_ALLOCATION_REPORT=winpath(self.allocation_file),
+            # The BSTR cache keeps freed strings as live allocator blocks.
+            OANOCACHE="1",
             CORVANE_SIM_SCENARIO=winpath(self.scenario_file),
             CORVANE_SIM_LOG=winpath(self.log_file),
             # One simulator serves the whole run, however long the stretches
@@ -321,7 +329,8 @@ class Session:
         while not timed_out and self.objects_pending(events) and time.monotonic() < deadline:
             time.sleep(0.02)
             events = self.read_log()
-        return Result(out_path.read_bytes(), err_path.read_bytes(), status, events, seconds, timed_out)
+        allocations = self.allocation_file.read_text().strip() if self.allocation_file.exists() else None
+        return Result(out_path.read_bytes(), err_path.read_bytes(), status, events, seconds, timed_out, allocations)
 
     def read_log(self):
         events = []

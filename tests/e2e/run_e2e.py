@@ -119,6 +119,11 @@ def verify(case, result, earlier):
         live = [e for e in result.events if e.get("event") in ("create", "destroy", "idle")]
         if live and (live[-1].get("event") != "idle" or live[-1].get("leakedAdvises", 0) != 0):
             problems.append("service objects or sinks left behind: %s" % live[-1])
+    if case.allocations and case.resources:
+        if result.allocations is None:
+            problems.append("no allocation report (CVCLI_ALLOCATION_REPORT)")
+        elif result.allocations != "outstanding 0 0":
+            problems.append("COM task-allocator blocks left at exit: %s" % result.allocations)
     if case.check is not None:
         try:
             case.check(result)

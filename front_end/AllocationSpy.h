@@ -1,0 +1,30 @@
+// Counts the COM task-allocator blocks of this process, so that a test run can
+// prove that every record the service returned and every request cvcli built
+// was given back. Off unless CVCLI_ALLOCATION_REPORT names a file; then the
+// count of blocks still outstanding is written there when the run ends.
+#pragma once
+
+#include <objidl.h>
+
+class AllocationAccounting {
+public:
+    // Registers the spy when the report is asked for; must come before the
+    // COM apartment so that it outlives it.
+    AllocationAccounting();
+    // Writes "outstanding <blocks> <bytes>" and revokes the spy.
+    ~AllocationAccounting();
+    AllocationAccounting(const AllocationAccounting &) = delete;
+    AllocationAccounting &operator=(const AllocationAccounting &) = delete;
+
+private:
+    IMallocSpy *m_spy = nullptr;
+    wchar_t m_reportPath[260] = L"";
+};
+
+// The spy's own count: blocks allocated through it and not yet freed.
+struct AllocationCount {
+    long blocks;
+    long long bytes;
+};
+AllocationCount OutstandingAllocations(IMallocSpy *spy);
+IMallocSpy *NewAllocationSpy();
