@@ -72,7 +72,9 @@ void ResolveAndDispatch(wchar_t **argv) {
     PrintCompletionLine();
 }
 
-HRESULT RunCaught(wchar_t **argv) {
+} // namespace
+
+HRESULT RunCommandLine(wchar_t **argv) {
     try {
         ResolveAndDispatch(argv);
         return S_OK;
@@ -97,8 +99,6 @@ HRESULT RunCaught(wchar_t **argv) {
         return E_INVALIDARG;
     }
 }
-
-} // namespace
 
 void SetProgramName(const wchar_t *argv0) {
     wchar_t drive[_MAX_DRIVE], dir[_MAX_DIR], ext[_MAX_EXT];
@@ -142,7 +142,7 @@ int RunCvcli(wchar_t **argv) {
         FlushOutput();
         throw AlertUserException(MSG_SERVICE_UNAVAILABLE, hr);
     }
-    const HRESULT status = RunCaught(argv);
+    const HRESULT status = RunCommandLine(argv);
     FlushOutput();
     return static_cast<int>(status);
 }
