@@ -1,0 +1,151 @@
+#!/usr/bin/env python3
+"""cvcli against the least a client must do, side by side, in one run.
+
+    python3 bench/list_bench.py [--build-dir build] [--sizes 1000,10000,100000] [--runs 3]
+
+For each size, a scenario with that many LUNs; `cvcli disk list` and
+bench/MinimalClient.cpp (same COM start, same calls, same bytes, written with
+one call) each run --runs times with stdout to a file; the table gives the
+medians, the ratio cvcli / minimal, the growth from the previous size, the
+simulator's own cost (its scenario check, a stand-in for the reading it does
+at each creation, and its cost per record), and cvcli's peak memory against
+the size of the data it receives. Then start-up: `cvcli help snap` against a
+minimal program that loads the message library, starts COM with its security
+and prints the same text, and an empty program.
+
+Figures only: nothing here passes or fails.
+"""
+
+import argparse
+import json
+import os
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+REPO = Path(__file__).resolve().parents[1]
+DISK_RECORD = 160  # the disk record as the contract lays it out
+DISK_ENTRY = 32  # the extended listing's entry around it
+
+
+def winpath(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def disk(i):
+    return {
+        "pDisk": {
+            "dwType": 1, "dwPartitionStyle": 2, "wszStorageSystem": "filer-%d" % (i % 7),
+            "wszStorageSystemPath": "/vol/vol%d/lun%d" % (i % 97, i),
+            "wszVolumeName": "\\\\?\\Volume{3f1c2a40-5b6d-4e7f-8a91-%012d}\\" % i, "szSerialNumber": "P3OoG4W%05d" % i,
+            "bySCSIPort": 3, "byLun": i % 256, "llSize": 107386585088, "dwDiskId": i,
+            "dwCloneSplitPercent": "0xFFFFFFFF", "pwszMountPoints": ["C:\\mnt\\lun%d" % i], "pwszIpAddresses": ["10.20.1.11"],
+        },
+        "bHyperVVhdPresent": False,
+    }
+
+
+def data_bytes(disks):
+    """What crosses the interface for the listing: records, wide strings, arrays."""
+    total = 0
+    for entry in disks:
+        d = entry["pDisk"]
+        total += DISK_ENTRY + DISK_RECORD
+        for key, value in d.items():
+            if key.startswith("wsz"):
+                total += 2 * (len(value) + 1)
+            elif key.startswith("sz"):
+                total += len(value) + 1
+            elif key.startswith("pwsz"):
+                total += sum(8 + 2 * (len(v) + 1) for v in value)
+    return total
+
+
+class Runner:
+    def __init__(self, build):
+        self.build = build
+        self.env = dict(os.environ, WINEPREFIX=str(build / "wineprefix"), WINEDEBUG="-all",
+                        WINEDLLOVERRIDES="mscoree,mshtml=", CORVANE_SIM_LINGER="600")
+        self.env.pop("CORVANE_SIM_LOG", None)
+        self.wine = "/usr/lib/wine/wine64" if Path("/usr/lib/wine/wine64").exists() else "wine"
+
+    def run(self, program, args, scenario=None):
+        """Seconds and peak resident kilobytes of one run, stdout to a file."""
+        env = dict(self.env)
+        if scenario is not None:
+            env["CORVANE_SIM_SCENARIO"] = winpath(scenario)
+        with tempfile.TemporaryFile() as out:
+            started = time.monotonic()
+            process = subprocess.Popen([self.wine, winpath(self.build / program)] + args, stdin=subprocess.DEVNULL,
+                                       stdout=out, stderr=subprocess.DEVNULL, env=env)
+            _, status, usage = os.wait4(process.pid, 0)
+            seconds = time.monotonic() - started
+            process.returncode = status
+            out.seek(0)
+            size = len(out.read())
+        return seconds, usage.ru_maxrss, size
+
+    def median(self, runs, program, args, scenario=None):
+        results = [self.run(program, args, scenario) for _ in range(runs)]
+        return statistics.median(r[0] for r in results), max(r[1] for r in results), results[-1][2]
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--build-dir", default=str(REPO / "build"))
+    parser.add_argument("--sizes", default="1000,10000,100000")
+    parser.add_argument("--runs", type=int, default=3)
+    args = parser.parse_args()
+    build = Path(args.build_dir).resolve()
+    prefix_script = str(REPO / "scripts" / "wine-prefix.sh")
+    subprocess.run(["bash", prefix_script, "--stop", str(build)], check=True)
+    subprocess.run(["bash", prefix_script, "--start", str(build)], check=True, stdout=subprocess.DEVNULL)
+    runner = Runner(build)
+    work = Path(tempfile.mkdtemp(prefix="cvcli-bench-"))
+
+    print("disk list: median of %d runs each, stdout to a file" % args.runs)
+    print("%8s %9s %9s %6s %8s %9s %10s %10s %10s %9s" % ("LUNs", "cvcli", "minimal", "ratio", "growth", "sim check",
+                                                         "sim/record", "peak KiB", "data KiB", "peak/data"))
+    previous = None
+    base_peak = None
+    for size in [int(s) for s in args.sizes.split(",")]:
+        disks = [disk(i) for i in range(size)]
+        scenario = work / ("disks-%d.json" % size)
+        scenario.write_text(json.dumps({"methods": {
+            "IVirtualDisk2.EnumerateDisksEx": {"disks": disks},
+            "IVirtualDisk.GetPortInitiator": {"initiator": {"dwKind": 1, "wszName": "iqn.1991-05.com.example:host1"}},
+        }}))
+        runner.run("cvcli.exe", ["disk", "list"], scenario)  # the simulator starts and reads it once
+        cvcli, peak, out_cvcli = runner.median(args.runs, "cvcli.exe", ["disk", "list"], scenario)
+        minimal, _, out_minimal = runner.median(args.runs, "minimal_client.exe", ["disk-list"], scenario)
+        check, _, _ = runner.median(1, "corvane-sim.exe", ["/check", winpath(scenario)])
+        (work / "empty.json").write_text("{}")
+        empty_check, _, _ = runner.median(1, "corvane-sim.exe", ["/check", winpath(work / "empty.json")])
+        if base_peak is None:  # what any cvcli run holds under Wine, data or not
+            _, base_peak, _ = runner.median(1, "cvcli.exe", ["help", "snap"])
+        growth = "%7.2fx" % (cvcli / previous[1]) if previous else "%8s" % "-"
+        per_record = minimal / size * 1e6  # the whole round trip per LUN, server included
+        data = data_bytes(disks) / 1024
+        print("%8d %8.2fs %8.2fs %6.2f %8s %8.2fs %8.1fus %10d %10d %9.2f%s" % (
+            size, cvcli, minimal, cvcli / minimal, growth, check - empty_check, per_record, peak, data,
+            (peak - base_peak) / data, "" if out_cvcli == out_minimal else "  (outputs differ in size: %d/%d bytes)"
+            % (out_cvcli, out_minimal)))
+        previous = (size, cvcli)
+
+    print()
+    print("start-up: median of %d runs" % (args.runs * 5))
+    help_cvcli, _, _ = runner.median(args.runs * 5, "cvcli.exe", ["help", "snap"])
+    help_minimal, _, _ = runner.median(args.runs * 5, "minimal_client.exe", ["help-snap"])
+    empty, _, _ = runner.median(args.runs * 5, "minimal_client.exe", ["empty"])
+    print("  cvcli help snap   %7.3fs" % help_cvcli)
+    print("  minimal help snap %7.3fs   ratio %.2f" % (help_minimal, help_cvcli / help_minimal))
+    print("  empty program     %7.3fs   cvcli over it: %+.3fs" % (empty, help_cvcli - empty))
+    subprocess.run(["bash", prefix_script, "--stop", str(build)], check=True)
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
