@@ -6,6 +6,7 @@
 #include "simulator/Text.h"
 
 #include <cstdio>
+#include <thread>
 
 namespace sim {
 
@@ -25,6 +26,31 @@ void Call::Play() {
         FireEvent(object_, event, sinksCalled_, sinkFailures_);
     if (response_.delayMs > 0)
         Sleep(response_.delayMs);
+    if (response_.dieDuringCall) {
+        // A service that dies under a waiting client: the client's call fails
+        // in the RPC layer, with nothing returned.
+        TheCallLog().Write({{"event", "died"}, {"object", object_.Id()}, {"method", key_}, {"request", request_}});
+        ExitProcess(3);
+    }
+}
+
+// Events that arrive after the call has returned, as from a service that keeps
+// reporting on work it finishes in the background. The object stays alive
+// until they are out.
+static void FireLater(CServiceObject &object, const std::string &method, const Json &events, unsigned delayMs) {
+    object.AddRef();
+    std::thread([&object, method, events, delayMs] {
+        Sleep(delayMs);
+        const HRESULT joined = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+        unsigned called = 0, failures = 0;
+        for (const Json &event : events)
+            FireEvent(object, event, called, failures);
+        TheCallLog().Write({{"event", "lateEvents"}, {"object", object.Id()}, {"method", method},
+                            {"sinksCalled", called}, {"sinkFailures", failures}});
+        if (SUCCEEDED(joined))
+            CoUninitialize();
+        object.Release();
+    }).detach();
 }
 
 HRESULT Call::Fail(const std::string &problem) {
@@ -52,6 +78,8 @@ HRESULT Call::Complete() {
     }
     TheCallLog().Write(line);
     SetErrorText(response_.errorDescription.value_or(std::string()), iid_);
+    if (!response_.lateEvents.empty())
+        FireLater(object_, key_, response_.lateEvents, response_.lateDelayMs);
     return response_.result;
 }
 

@@ -46,6 +46,34 @@ std::string ParseText(const Json &value, const std::string &path) {
     return value.get<std::string>();
 }
 
+Json ParseEvents(const Json &events, const std::string &here, const Catalog &catalog, std::vector<std::string> &problems) {
+    if (!events.is_array()) {
+        problems.push_back(here + ": expected an array of events");
+        return Json::array();
+    }
+    for (size_t i = 0; i < events.size(); ++i) {
+        const Json &event = events[i];
+        const std::string at = here + "[" + std::to_string(i) + "]";
+        if (!event.is_object() || !event.contains("event") || !event["event"].is_string()) {
+            problems.push_back(at + ": expected an object with an \"event\" name");
+            continue;
+        }
+        auto known = catalog.events.find(event["event"].get<std::string>());
+        if (known == catalog.events.end()) {
+            problems.push_back(at + ".event: unknown event " + Quote(event["event"].get<std::string>()));
+            continue;
+        }
+        Json arguments = event;
+        arguments.erase("event");
+        try {
+            known->second(arguments, at);
+        } catch (const ScenarioError &error) {
+            problems.push_back(error.what());
+        }
+    }
+    return events;
+}
+
 Response ParseResponse(const Json &value, const std::string &path, const Catalog &catalog, const DataCheck &check,
                        std::vector<std::string> &problems) {
     Response response;
@@ -69,28 +97,17 @@ Response ParseResponse(const Json &value, const std::string &path, const Catalog
             attempt([&] { response.errorDescription = ParseText(*it, here); });
         else if (key == "delayMs")
             attempt([&] { response.delayMs = ParseDelay(*it, here); });
-        else if (key == "events") {
-            if (!it->is_array()) {
-                problems.push_back(here + ": expected an array of events");
-                continue;
-            }
-            for (size_t i = 0; i < it->size(); ++i) {
-                const Json &event = (*it)[i];
-                const std::string at = here + "[" + std::to_string(i) + "]";
-                if (!event.is_object() || !event.contains("event") || !event["event"].is_string()) {
-                    problems.push_back(at + ": expected an object with an \"event\" name");
-                    continue;
-                }
-                auto known = catalog.events.find(event["event"].get<std::string>());
-                if (known == catalog.events.end()) {
-                    problems.push_back(at + ".event: unknown event " + Quote(event["event"].get<std::string>()));
-                    continue;
-                }
-                Json arguments = event;
-                arguments.erase("event");
-                attempt([&] { known->second(arguments, at); });
-            }
-            response.events = *it;
+        else if (key == "events")
+            response.events = ParseEvents(*it, here, catalog, problems);
+        else if (key == "lateEvents")
+            response.lateEvents = ParseEvents(*it, here, catalog, problems);
+        else if (key == "lateDelayMs")
+            attempt([&] { response.lateDelayMs = ParseDelay(*it, here); });
+        else if (key == "dieDuringCall") {
+            if (it->is_boolean())
+                response.dieDuringCall = it->get<bool>();
+            else
+                problems.push_back(here + ": expected true or false");
         } else
             response.data[key] = *it;
     }

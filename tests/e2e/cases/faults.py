@@ -1,0 +1,44 @@
+"""A service that misbehaves in ways a scenario's result code cannot express:
+it dies in the middle of a call, reports after the call has returned, answers
+with success codes other than S_OK, or returns nothing at all."""
+
+from harness import S_OK, Case, alert, completion, msg
+
+RPC_CALL_FAILED = 0x800706BE
+LISTING = "IVirtualDisk2.EnumerateDisksEx"
+NO_LUNS = "Either no LUNs exist or Corvane could not detect any LUNs\n"
+
+
+def listing(**response):
+    return {"methods": {LISTING: response}}
+
+
+def late_line_or_nothing(result):
+    # A late event reaches cvcli only while its sink is still advised: either
+    # way the listing and the completion line stand, and nothing else.
+    lines = result.stdout.decode("utf-8").split("\r\n")
+    kept = [line for line in lines if not line.startswith("filer-east : ")]
+    expected = (NO_LUNS + completion()).split("\n")
+    assert kept == expected and len(lines) - len(kept) <= 1, lines
+
+
+def died(result):
+    assert any(e.get("event") == "died" for e in result.events), "the simulator did not die in the call"
+
+
+CASES = [
+    Case("the service dies in the middle of the listing", ["disk", "list"], alert(5362, RPC_CALL_FAILED), RPC_CALL_FAILED,
+         scenario=listing(dieDuringCall=True), released=False, timeout=60,
+         check=died),
+    Case("after the death a new simulator serves the next run", ["disk", "list"], NO_LUNS + completion(), S_OK,
+         scenario=listing()),
+    Case("S_FALSE is a failure", ["disk", "list"], alert(5362, 1), 1, scenario=listing(result="S_FALSE")),
+    Case("another success code is a failure", ["disk", "list"], alert(5362, 0x00040003), 0x00040003,
+         scenario=listing(result="0x00040003")),
+    Case("a zero count with no array", ["disk", "list"], NO_LUNS + completion(), S_OK, scenario=listing()),
+    Case("events after the call has returned", ["disk", "list"], status=S_OK,
+         scenario=listing(lateEvents=[{"event": "ProgressMessage", "subject": "filer-east", "code": 28}]),
+         check=late_line_or_nothing),
+    Case("events long after the call has returned", ["disk", "list"], NO_LUNS + completion(), S_OK,
+         scenario=listing(lateDelayMs=300, lateEvents=[{"event": "ProgressMessage", "subject": "filer-east", "code": 28}])),
+]
