@@ -94,7 +94,7 @@ void ListOneMountPoint(ISnapShotMount *mount, const std::wstring &mountPoint) {
     CheckServiceCall(mount->GetMirrorDestinations(mountPoint.c_str(), destinations.Out()), MSG_LIST_MIRRORS_FAILED);
     PrintMirrorDestinations(L"", destinations->dwCount, destinations->pDestinations);
     // The service lets go of what it kept for the list; our own copy is freed by its holder.
-    CheckServiceCall(mount->FreeMirrorDestinations(destinations.Out()), MSG_FREE_MIRROR_LIST_FAILED);
+    CheckServiceCall(mount->FreeMirrorDestinations(&destinations.Get()), MSG_FREE_MIRROR_LIST_FAILED);
 }
 
 void ListMountPoints(ISnapShotDrives *drives, const CCommandLine::ValueList &values) {
@@ -102,7 +102,7 @@ void ListMountPoints(ISnapShotDrives *drives, const CCommandLine::ValueList &val
     OwnedMountPointMirrorList lists;
     CheckServiceCall(drives->GetMirrorMountPointLists(names.Get(), lists.Out()), MSG_LIST_MIRRORS_FAILED);
     PrintMountPointMirrors(lists.Get());
-    CheckServiceCall(drives->FreeMirrorMountPointLists(lists.Out()), MSG_FREE_MIRROR_LIST_FAILED);
+    CheckServiceCall(drives->FreeMirrorMountPointLists(&lists.Get()), MSG_FREE_MIRROR_LIST_FAILED);
 }
 
 } // namespace
