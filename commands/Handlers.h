@@ -6,9 +6,18 @@
 
 // disk
 void DiskList(CCommandLine &cl);
+void DiskDelete(CCommandLine &cl);
+void DiskDisconnect(CCommandLine &cl);
+void DiskExpand(CCommandLine &cl);
+void DiskAddMount(CCommandLine &cl);
+void DiskRemoveMount(CCommandLine &cl);
 // (end of disk)
 
 // snap
+void SnapDelete(CCommandLine &cl);
+void SnapRename(CCommandLine &cl);
+void SnapUpdateMirror(CCommandLine &cl);
+void SnapMirrorList(CCommandLine &cl);
 // (end of snap)
 
 // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP

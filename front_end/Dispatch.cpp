@@ -17,8 +17,17 @@ constexpr DispatchRow kDispatchTable[] = {
     {cmd::Disk, op::Connect, NotAvailable},
     {cmd::Disk, op::AddInitiator, NotAvailable},
     {cmd::Disk, op::RemoveInitiator, NotAvailable},
+    {cmd::Disk, op::Delete, DiskDelete},
+    {cmd::Disk, op::Disconnect, DiskDisconnect},
+    {cmd::Disk, op::Expand, DiskExpand},
+    {cmd::Disk, op::AddMount, DiskAddMount},
+    {cmd::Disk, op::RemoveMount, DiskRemoveMount},
     // (end of disk)
     // snap
+    {cmd::Snap, op::Delete, SnapDelete},
+    {cmd::Snap, op::Rename, SnapRename},
+    {cmd::Snap, op::UpdateMirror, SnapUpdateMirror},
+    {cmd::Snap, op::MirrorList, SnapMirrorList},
     // (end of snap)
     // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP
     // (end of iscsi, fcp, preferredIP)

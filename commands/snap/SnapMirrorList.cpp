@@ -1,0 +1,129 @@
+// snap mirror_list: the Reflexa destinations of the LUN at one mount point,
+// or of each LUN of a mount point list.
+#include "MessageIds.h"
+#include "commands/Handlers.h"
+#include "commands/snap/SnapMirrorPrinters.h"
+#include "front_end/Exceptions.h"
+#include "front_end/Switches.h"
+#include "front_end/Words.h"
+#include "service/OwnedRecord.h"
+#include "service/ServiceAccess.h"
+
+#include <cwchar>
+#include <string>
+
+namespace {
+
+void FreeDestinations(MirrorDestination *&destinations, DWORD &count) {
+    for (DWORD i = 0; destinations != nullptr && i < count; ++i) {
+        FreeAndClear(destinations[i].wszSource);
+        FreeAndClear(destinations[i].wszDestination);
+        FreeAndClear(destinations[i].wszSnapshot);
+    }
+    FreeAndClear(destinations);
+    count = 0;
+}
+
+void FreeMirrorDestinationList(MirrorDestinationList &list) {
+    FreeDestinations(list.pDestinations, list.dwCount);
+}
+
+void FreeMountPointMirrorList(MountPointMirrorList &list) {
+    for (DWORD i = 0; list.pMountPoints != nullptr && i < list.dwCount; ++i) {
+        MountPointMirror &entry = list.pMountPoints[i];
+        FreeAndClear(entry.wszMountPoint);
+        FreeDestinations(entry.pDestinations, entry.dwDestinationCount);
+    }
+    FreeAndClear(list.pMountPoints);
+    list.dwCount = 0;
+}
+
+using OwnedMirrorDestinationList = OwnedRecord<MirrorDestinationList, FreeMirrorDestinationList>;
+using OwnedMountPointMirrorList = OwnedRecord<MountPointMirrorList, FreeMountPointMirrorList>;
+
+// The mount point list as the service takes it: the record, its array and
+// every name from the COM task allocator, released when the holder goes.
+class SentDriveNames {
+public:
+    explicit SentDriveNames(const CCommandLine::ValueList &values) {
+        // A constructor that throws runs no destructor: give back what was taken first.
+        try {
+            Fill(values);
+        } catch (...) {
+            Free();
+            throw;
+        }
+    }
+    ~SentDriveNames() { Free(); }
+    SentDriveNames(const SentDriveNames &) = delete;
+    SentDriveNames &operator=(const SentDriveNames &) = delete;
+
+    DriveNameArray *Get() const { return m_names; }
+
+private:
+    void Fill(const CCommandLine::ValueList &values) {
+        m_names = static_cast<DriveNameArray *>(CoTaskMemAlloc(sizeof(DriveNameArray)));
+        if (m_names == nullptr)
+            throw AlertUserException(MSG_LIST_MIRRORS_FAILED, E_OUTOFMEMORY);
+        m_names->dwCount = 0;
+        m_names->pwszDrives = static_cast<LPWSTR *>(CoTaskMemAlloc(values.size() * sizeof(LPWSTR)));
+        if (m_names->pwszDrives == nullptr)
+            throw AlertUserException(MSG_LIST_MIRRORS_FAILED, E_OUTOFMEMORY);
+        for (const std::wstring &value : values) {
+            const std::wstring name = NormalizeMountPoint(value);
+            LPWSTR copy = static_cast<LPWSTR>(CoTaskMemAlloc((name.size() + 1) * sizeof(wchar_t)));
+            if (copy == nullptr)
+                throw AlertUserException(MSG_LIST_MIRRORS_FAILED, E_OUTOFMEMORY);
+            std::wmemcpy(copy, name.c_str(), name.size() + 1);
+            m_names->pwszDrives[m_names->dwCount++] = copy;
+        }
+    }
+    void Free() {
+        if (m_names != nullptr) {
+            FreeStringArray(m_names->pwszDrives, m_names->dwCount);
+            CoTaskMemFree(m_names);
+            m_names = nullptr;
+        }
+    }
+
+    DriveNameArray *m_names = nullptr;
+};
+
+void ListOneMountPoint(ISnapShotMount *mount, const std::wstring &mountPoint) {
+    OwnedMirrorDestinationList destinations;
+    CheckServiceCall(mount->GetMirrorDestinations(mountPoint.c_str(), destinations.Out()), MSG_LIST_MIRRORS_FAILED);
+    PrintMirrorDestinations(L"", destinations->dwCount, destinations->pDestinations);
+    // The service lets go of what it kept for the list; our own copy is freed by its holder.
+    CheckServiceCall(mount->FreeMirrorDestinations(&destinations.Get()), MSG_FREE_MIRROR_LIST_FAILED);
+}
+
+void ListMountPoints(ISnapShotDrives *drives, const CCommandLine::ValueList &values) {
+    SentDriveNames names(values);
+    OwnedMountPointMirrorList lists;
+    CheckServiceCall(drives->GetMirrorMountPointLists(names.Get(), lists.Out()), MSG_LIST_MIRRORS_FAILED);
+    PrintMountPointMirrors(lists.Get());
+    CheckServiceCall(drives->FreeMirrorMountPointLists(&lists.Get()), MSG_FREE_MIRROR_LIST_FAILED);
+}
+
+} // namespace
+
+void SnapMirrorList(CCommandLine &cl) {
+    ComPtr<ISnapShotMount> mount;
+    CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, mount);
+    // Both interfaces come from the one object; a service without the second is unusable here.
+    ComPtr<ISnapShotDrives> drives;
+    const HRESULT hr = mount.As(&drives);
+    if (hr != S_OK)
+        throw AlertUserException(MSG_SERVICE_UNAVAILABLE, hr);
+
+    // A single mount point wins over a list.
+    std::wstring mountPoint;
+    if (cl.MountPointInto(mountPoint)) {
+        ListOneMountPoint(mount.Get(), mountPoint);
+        return;
+    }
+    const CCommandLine::ValueList &values = cl.List(sw::D);
+    if (values.empty())
+        throw OperationUsageException(cmd::Snap, op::MirrorList, MSG_USAGE_MOUNT_POINT);
+    ListMountPoints(drives.Get(), values);
+}
