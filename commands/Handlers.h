@@ -9,6 +9,8 @@ void DiskList(CCommandLine &cl);
 // (end of disk)
 
 // snap
+void SnapCreate(CCommandLine &cl);
+void SnapList(CCommandLine &cl);
 // (end of snap)
 
 // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP

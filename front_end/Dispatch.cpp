@@ -19,6 +19,8 @@ constexpr DispatchRow kDispatchTable[] = {
     {cmd::Disk, op::RemoveInitiator, NotAvailable},
     // (end of disk)
     // snap
+    {cmd::Snap, op::Create, SnapCreate},
+    {cmd::Snap, op::List, SnapList},
     // (end of snap)
     // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP
     // (end of iscsi, fcp, preferredIP)
