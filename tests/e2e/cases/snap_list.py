@@ -252,8 +252,6 @@ CASES = [
     Case("-d without a value", ["snap", "list", "-d"], usage(MSG_USAGE_MOUNT_POINT), E_INVALIDARG, check=created_nothing),
     Case("-d given twice", ["snap", "list", "-d", "E", "-d", "F"], usage(MSG_USAGE_MOUNT_POINT), E_INVALIDARG,
          check=created_nothing),
-    Case("-d with two values and -D empty", ["snap", "list", "-d", "E", "F", "-D"], usage(MSG_USAGE_MOUNT_POINT),
-         E_INVALIDARG, check=created_nothing),
     # One storage-system volume (-sdf and -sdv): the names.
     Case("volume, demo scenario", ["snap", "list", "-sdf", "filer-east", "-sdv", "sql_data"],
          "nightly.0 \nnightly.1 \nnightly.2 \nbefore_upgrade \n" + completion(), S_OK,
@@ -267,9 +265,6 @@ CASES = [
     Case("volume: non-ASCII and nameless copies", ["snap", "list", "-sdf", "fïler-東京", "-sdv", "völ"],
          NON_ASCII + " \n \n" + completion(), S_OK, scenario=volume([NON_ASCII, None]),
          check=asked_volume("fïler-東京:völ")),
-    Case("volume: many copies", ["snap", "list", "-sdf", "f", "-sdv", "v"],
-         "".join("weekly.%d \n" % i for i in range(400)) + completion(), S_OK,
-         scenario=volume(["weekly.%d" % i for i in range(400)])),
     Case("volume path cut at the buffer", ["snap", "list", "-sdf", "f", "-sdv", LONG_VOLUME], completion(), S_OK,
          scenario=volume([]), check=asked_volume(("f:" + LONG_VOLUME)[:259])),
     Case("volume refused with the service's explanation", ["snap", "list", "-sdf", "f", "-sdv", "v"],
