@@ -15,6 +15,15 @@ void FreeSnapshots(SnapshotInfo *&snapshots, DWORD &count) {
     count = 0;
 }
 
+// Zero-filled COM task memory, so that a half-built request frees cleanly.
+void *AllocateZeroed(size_t bytes) {
+    void *memory = CoTaskMemAlloc(bytes);
+    if (memory == nullptr)
+        throw AlertUserException(MSG_LIST_SNAPSHOTS_FAILED, E_OUTOFMEMORY);
+    std::memset(memory, 0, bytes);
+    return memory;
+}
+
 } // namespace
 
 void FreeSnapshotInfo(SnapshotInfo &snapshot) {
@@ -44,20 +53,20 @@ void FreeVolumeSnapshotArray(VolumeSnapshotArray &list) {
 }
 
 DriveNameArrayOwner::DriveNameArrayOwner(const std::vector<std::wstring> &drives) {
-    const DWORD count = static_cast<DWORD>(drives.size());
-    void *pointers = CoTaskMemAlloc(count * sizeof(LPWSTR));
-    if (pointers == nullptr)
-        throw AlertUserException(MSG_LIST_SNAPSHOTS_FAILED, E_OUTOFMEMORY);
-    std::memset(pointers, 0, count * sizeof(LPWSTR));
-    m_array.pwszDrives = static_cast<LPWSTR *>(pointers);
-    m_array.dwCount = count;
-    for (DWORD i = 0; i < count; ++i) {
-        m_array.pwszDrives[i] = CoTaskStrDup(drives[i].c_str());
-        if (m_array.pwszDrives[i] == nullptr) {
-            // The destructor does not run for a constructor that throws.
-            Free();
-            throw AlertUserException(MSG_LIST_SNAPSHOTS_FAILED, E_OUTOFMEMORY);
+    try {
+        m_array = static_cast<DriveNameArray *>(AllocateZeroed(sizeof(DriveNameArray)));
+        const DWORD count = static_cast<DWORD>(drives.size());
+        m_array->pwszDrives = static_cast<LPWSTR *>(AllocateZeroed(count * sizeof(LPWSTR)));
+        m_array->dwCount = count;
+        for (DWORD i = 0; i < count; ++i) {
+            m_array->pwszDrives[i] = CoTaskStrDup(drives[i].c_str());
+            if (m_array->pwszDrives[i] == nullptr)
+                throw AlertUserException(MSG_LIST_SNAPSHOTS_FAILED, E_OUTOFMEMORY);
         }
+    } catch (...) {
+        // The destructor does not run for a constructor that throws.
+        Free();
+        throw;
     }
 }
 
@@ -66,5 +75,9 @@ DriveNameArrayOwner::~DriveNameArrayOwner() {
 }
 
 void DriveNameArrayOwner::Free() {
-    FreeStringArray(m_array.pwszDrives, m_array.dwCount);
+    if (m_array == nullptr)
+        return;
+    FreeStringArray(m_array->pwszDrives, m_array->dwCount);
+    CoTaskMemFree(m_array);
+    m_array = nullptr;
 }

@@ -17,8 +17,9 @@ using OwnedSnapshotArray = OwnedRecord<SnapshotArray, FreeSnapshotArray>;
 using OwnedDriveSnapshotsArray = OwnedRecord<DriveSnapshotsArray, FreeDriveSnapshotsArray>;
 using OwnedVolumeSnapshotArray = OwnedRecord<VolumeSnapshotArray, FreeVolumeSnapshotArray>;
 
-// A DriveNameArray over copies of the given drives, in their order, in COM
-// task memory. Memory running out throws the listing's alert with E_OUTOFMEMORY.
+// A DriveNameArray over copies of the given drives, in their order; the record,
+// its pointer array and the copies are in COM task memory. Memory running out
+// throws the listing's alert with E_OUTOFMEMORY.
 class DriveNameArrayOwner {
 public:
     explicit DriveNameArrayOwner(const std::vector<std::wstring> &drives);
@@ -26,10 +27,10 @@ public:
     DriveNameArrayOwner(const DriveNameArrayOwner &) = delete;
     DriveNameArrayOwner &operator=(const DriveNameArrayOwner &) = delete;
 
-    DriveNameArray *Get() { return &m_array; }
+    DriveNameArray *Get() const { return m_array; }
 
 private:
     void Free();
 
-    DriveNameArray m_array = {};
+    DriveNameArray *m_array = nullptr;
 };
