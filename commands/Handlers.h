@@ -18,6 +18,8 @@ void SnapDelete(CCommandLine &cl);
 void SnapRename(CCommandLine &cl);
 void SnapUpdateMirror(CCommandLine &cl);
 void SnapMirrorList(CCommandLine &cl);
+void SnapCreate(CCommandLine &cl);
+void SnapList(CCommandLine &cl);
 // (end of snap)
 
 // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP

@@ -28,6 +28,8 @@ constexpr DispatchRow kDispatchTable[] = {
     {cmd::Snap, op::Rename, SnapRename},
     {cmd::Snap, op::UpdateMirror, SnapUpdateMirror},
     {cmd::Snap, op::MirrorList, SnapMirrorList},
+    {cmd::Snap, op::Create, SnapCreate},
+    {cmd::Snap, op::List, SnapList},
     // (end of snap)
     // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP
     // (end of iscsi, fcp, preferredIP)

@@ -1,0 +1,53 @@
+#include "MessageIds.h"
+#include "commands/Handlers.h"
+#include "commands/snap/SnapCreateRequest.h"
+#include "front_end/Exceptions.h"
+#include "front_end/Messages.h"
+#include "front_end/Switches.h"
+#include "front_end/Words.h"
+#include "service/EventSinks.h"
+#include "service/ServiceAccess.h"
+
+#include <string>
+
+namespace {
+
+// Characters the storage system does not accept in a snapshot copy name.
+// Slashes and backslashes are left for the service to judge.
+bool HasForbiddenSnapshotCharacter(const std::wstring &name) {
+    return name.find_first_of(L"*:?\"<>|") != std::wstring::npos;
+}
+
+[[noreturn]] void ThrowUsage(unsigned messageId) {
+    throw OperationUsageException(cmd::Snap, op::Create, messageId);
+}
+
+} // namespace
+
+void SnapCreate(CCommandLine &cl) {
+    // The service and its sink come first: a machine that cannot be reached is
+    // reported before any mistake in the switches.
+    ComPtr<ISnapShotCreate> service;
+    CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, service);
+    EventConnection events = ConnectSink<CSnapShotEvents>(service.Get());
+
+    std::wstring name;
+    if (!cl.SingleValueInto(sw::s, name))
+        ThrowUsage(MSG_USAGE_SNAPSHOT_NAME);
+    if (HasForbiddenSnapshotCharacter(name))
+        throw LocalErrorException(MSG_INVALID_SNAPSHOT_NAME);
+
+    // No start-up pause here: the debug delay is read by diagnostic builds only.
+    const CCommandLine::ValueList &mountPoints = cl.List(sw::D);
+    if (mountPoints.empty())
+        ThrowUsage(MSG_USAGE_MOUNT_POINT);
+
+    PrintLocalError(MSG_PLEASE_WAIT);
+
+    // Mount points go to the service as typed, duplicates included.
+    SnapshotCreateRequestOwner request(mountPoints, cl.IsPresent(sw::x));
+    const BOOL updateMirror = cl.YesUnlessNo() ? TRUE : FALSE;
+
+    // What the user sees of the result is what the sink printed during the call.
+    CheckServiceCall(service->CreateSnapshot(request.Get(), name.c_str(), updateMirror), MSG_CREATE_SNAPSHOT_FAILED);
+}

@@ -1,0 +1,83 @@
+#include "commands/snap/SnapListRecords.h"
+
+#include "MessageIds.h"
+#include "front_end/Exceptions.h"
+#include "front_end/Holders.h"
+
+#include <cstring>
+
+namespace {
+
+void FreeSnapshots(SnapshotInfo *&snapshots, DWORD &count) {
+    for (DWORD i = 0; snapshots != nullptr && i < count; ++i)
+        FreeSnapshotInfo(snapshots[i]);
+    FreeAndClear(snapshots);
+    count = 0;
+}
+
+// Zero-filled COM task memory, so that a half-built request frees cleanly.
+void *AllocateZeroed(size_t bytes) {
+    void *memory = CoTaskMemAlloc(bytes);
+    if (memory == nullptr)
+        throw AlertUserException(MSG_LIST_SNAPSHOTS_FAILED, E_OUTOFMEMORY);
+    std::memset(memory, 0, bytes);
+    return memory;
+}
+
+} // namespace
+
+void FreeSnapshotInfo(SnapshotInfo &snapshot) {
+    FreeAndClear(snapshot.wszName);
+}
+
+void FreeSnapshotArray(SnapshotArray &list) {
+    FreeSnapshots(list.pSnapshots, list.dwCount);
+}
+
+void FreeDriveSnapshotsArray(DriveSnapshotsArray &list) {
+    for (DWORD i = 0; list.pDrives != nullptr && i < list.dwCount; ++i) {
+        DriveSnapshots &drive = list.pDrives[i];
+        FreeAndClear(drive.wszDrive);
+        FreeAndClear(drive.wszError);
+        FreeSnapshots(drive.pSnapshots, drive.dwSnapshotCount);
+    }
+    FreeAndClear(list.pDrives);
+    list.dwCount = 0;
+}
+
+void FreeVolumeSnapshotArray(VolumeSnapshotArray &list) {
+    for (DWORD i = 0; list.pSnapshots != nullptr && i < list.dwCount; ++i)
+        FreeAndClear(list.pSnapshots[i].wszName);
+    FreeAndClear(list.pSnapshots);
+    list.dwCount = 0;
+}
+
+DriveNameArrayOwner::DriveNameArrayOwner(const std::vector<std::wstring> &drives) {
+    try {
+        m_array = static_cast<DriveNameArray *>(AllocateZeroed(sizeof(DriveNameArray)));
+        const DWORD count = static_cast<DWORD>(drives.size());
+        m_array->pwszDrives = static_cast<LPWSTR *>(AllocateZeroed(count * sizeof(LPWSTR)));
+        m_array->dwCount = count;
+        for (DWORD i = 0; i < count; ++i) {
+            m_array->pwszDrives[i] = CoTaskStrDup(drives[i].c_str());
+            if (m_array->pwszDrives[i] == nullptr)
+                throw AlertUserException(MSG_LIST_SNAPSHOTS_FAILED, E_OUTOFMEMORY);
+        }
+    } catch (...) {
+        // The destructor does not run for a constructor that throws.
+        Free();
+        throw;
+    }
+}
+
+DriveNameArrayOwner::~DriveNameArrayOwner() {
+    Free();
+}
+
+void DriveNameArrayOwner::Free() {
+    if (m_array == nullptr)
+        return;
+    FreeStringArray(m_array->pwszDrives, m_array->dwCount);
+    CoTaskMemFree(m_array);
+    m_array = nullptr;
+}
