@@ -9,6 +9,11 @@ void DiskList(CCommandLine &cl);
 // (end of disk)
 
 // snap
+void SnapMount(CCommandLine &cl);
+void SnapUnmount(CCommandLine &cl);
+void SnapRestore(CCommandLine &cl);
+void SnapRestoreVolumeCheck(CCommandLine &cl);
+void SnapRestoreVolume(CCommandLine &cl);
 // (end of snap)
 
 // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP

@@ -19,6 +19,11 @@ constexpr DispatchRow kDispatchTable[] = {
     {cmd::Disk, op::RemoveInitiator, NotAvailable},
     // (end of disk)
     // snap
+    {cmd::Snap, op::Restore, SnapRestore},
+    {cmd::Snap, op::Mount, SnapMount},
+    {cmd::Snap, op::Unmount, SnapUnmount},
+    {cmd::Snap, op::RestoreVolumeCheck, SnapRestoreVolumeCheck},
+    {cmd::Snap, op::RestoreVolume, SnapRestoreVolume},
     // (end of snap)
     // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP
     // (end of iscsi, fcp, preferredIP)
