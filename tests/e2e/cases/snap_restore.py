@@ -253,7 +253,8 @@ CASES = (
              NON_LUN_FILES, scenario=check_answer(NON_LUN_FILES, files=ONE_FILE, description="files on the volume")),
         Case("check: from the demo scenario", CHECK_ARGV,
              newer_text([("nightly.0", False, True, None), ("nightly.1", True, True, "lun_test")])
-             + alert(MSG_VOLUME_RESTORE_FAILED, NEWER_SNAPSHOTS), NEWER_SNAPSHOTS,
+             + alert(MSG_VOLUME_RESTORE_FAILED, NEWER_SNAPSHOTS,
+                     description="Newer snapshot copies exist on volume sql_data"), NEWER_SNAPSHOTS,
              scenario="simulator/scenarios/demo.json", calls=[CHECK]),
         Case("check: non-ASCII request", ["snap", "restore_volume_check", "-f", "filer-東", "-volume", "vol_Ü", "-s",
                                           "Sicherung-Ü.東"], CAN_RESTORE + completion(), S_OK,
