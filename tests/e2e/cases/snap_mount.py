@@ -122,6 +122,8 @@ MOUNT_SWITCHES = [
     ("-int beyond 32 bits saturates", ["-int", "99999999999"], {"number": 2147483647}),
     ("-int at the 32-bit limit", ["-int", "2147483647"], {"number": 2147483647}),
     ("-int 0", ["-int", "0"], {}),
+    ("-int after a blank may be negative", ["-int", " -5"], {"number": -5}),
+    ("-int below 32 bits saturates", ["-int", " -2147483649"], {"number": -2147483648}),
 ]
 
 # (name, argv change, request fields that change)
@@ -209,6 +211,10 @@ CASES = (
              WAIT + "nightly.1 : %s\n" % msg(5024) + alert(MSG_MOUNT_FAILED, LUN_IN_USE, description="no free drive"),
              LUN_IN_USE, scenario=answer(MOUNT_OLD, result=hex(LUN_IN_USE), errorDescription="no free drive",
                                          events=[progress("nightly.1", 14)]), calls=[MOUNT_OLD]),
+        Case("mount -old refused without an explanation", BASE + ["-old"], WAIT + alert(MSG_MOUNT_FAILED, E_ACCESSDENIED),
+             E_ACCESSDENIED, scenario=answer(MOUNT_OLD, result=hex(E_ACCESSDENIED)), calls=[MOUNT_OLD]),
+        Case("mount -old: the class lacks ISnapShotInfo", BASE + ["-old"], alert(MSG_SERVICE_UNAVAILABLE, E_NOINTERFACE),
+             E_NOINTERFACE, scenario={"classes": {"SnapShotService": {"missingInterfaces": ["ISnapShotInfo"]}}}),
         # Failures of the normal operation
         Case("mount refused with an explanation, earlier lines stay", BASE,
              WAIT + "nightly.1 : %s\n" % msg(5024) + mirror_line("MIRROR START")
