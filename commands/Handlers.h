@@ -20,6 +20,11 @@ void SnapUpdateMirror(CCommandLine &cl);
 void SnapMirrorList(CCommandLine &cl);
 void SnapCreate(CCommandLine &cl);
 void SnapList(CCommandLine &cl);
+void SnapMount(CCommandLine &cl);
+void SnapUnmount(CCommandLine &cl);
+void SnapRestore(CCommandLine &cl);
+void SnapRestoreVolumeCheck(CCommandLine &cl);
+void SnapRestoreVolume(CCommandLine &cl);
 // (end of snap)
 
 // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP

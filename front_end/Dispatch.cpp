@@ -30,6 +30,11 @@ constexpr DispatchRow kDispatchTable[] = {
     {cmd::Snap, op::MirrorList, SnapMirrorList},
     {cmd::Snap, op::Create, SnapCreate},
     {cmd::Snap, op::List, SnapList},
+    {cmd::Snap, op::Restore, SnapRestore},
+    {cmd::Snap, op::Mount, SnapMount},
+    {cmd::Snap, op::Unmount, SnapUnmount},
+    {cmd::Snap, op::RestoreVolumeCheck, SnapRestoreVolumeCheck},
+    {cmd::Snap, op::RestoreVolume, SnapRestoreVolume},
     // (end of snap)
     // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP
     // (end of iscsi, fcp, preferredIP)

@@ -107,11 +107,6 @@ TEST(DispatchTest, HelpAndDispatchAgree) {
     };
     // Handlers still to come; each entry leaves this list when its handler lands.
     const std::pair<unsigned, unsigned> pending[] = {
-        {cmd::Snap, op::Restore},
-        {cmd::Snap, op::Mount},
-        {cmd::Snap, op::Unmount},
-        {cmd::Snap, op::RestoreVolumeCheck},
-        {cmd::Snap, op::RestoreVolume},
         {cmd::FcpInitiator, op::List},
         {cmd::IscsiInitiator, op::List},
         {cmd::IscsiInitiator, op::EstablishSession},

@@ -1,0 +1,32 @@
+// snap restore (one connected LUN from one of its snapshot copies) and
+// snap restore_volume (a whole storage-system volume on behalf of LUNs that
+// are not connected).
+#include "MessageIds.h"
+#include "commands/Handlers.h"
+#include "commands/snap/SnapMountRequest.h"
+#include "commands/snap/SnapRestoreVolume.h"
+#include "front_end/Switches.h"
+#include "front_end/Words.h"
+#include "service/EventSinks.h"
+#include "service/ServiceAccess.h"
+
+void SnapRestore(CCommandLine &cl) {
+    ComPtr<ISnapShotManage> manage;
+    CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, manage);
+    EventConnection progress = ConnectSink<CSnapShotEvents>(manage.Get());
+    const SnapRequestString snapshotName(RequireSnapValue(cl, sw::s, op::Restore, MSG_USAGE_SNAPSHOT_NAME),
+                                         MSG_RESTORE_SNAPSHOT_FAILED);
+    const SnapRequestString mountPoint(RequireSnapMountPoint(cl, op::Restore), MSG_RESTORE_SNAPSHOT_FAILED);
+    PrintSnapWaitMessage();
+    CheckServiceCall(manage->RestoreSnapshot(mountPoint.Get(), snapshotName.Get()), MSG_RESTORE_SNAPSHOT_FAILED);
+}
+
+void SnapRestoreVolume(CCommandLine &cl) {
+    ComPtr<ISnapShotVolumeRestore> restore;
+    CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, restore);
+    const VolumeRestoreTarget target = RequireVolumeRestoreTarget(cl, op::RestoreVolume);
+    // Forced, the service restores past newer snapshot copies and non-LUN files.
+    const boolean force = cl.IsPresent(sw::force) ? TRUE : FALSE;
+    CheckServiceCall(restore->RestoreVolume(target.storageSystem.Get(), target.volume.Get(), target.snapshotName.Get(), force),
+                     MSG_VOLUME_RESTORE_FAILED);
+}

@@ -1,0 +1,290 @@
+"""snap restore, restore_volume_check (every reason the service gives) and restore_volume."""
+
+from harness import E_INVALIDARG, REGDB_E_CLASSNOTREG, S_OK, Case, alert, completion, msg
+
+MSG_SERVICE_UNAVAILABLE = 5108
+MSG_VOLUME_RESTORE_FAILED = 5067
+MSG_RESTORE_FAILED = 5115
+E_ACCESSDENIED = 0x80070005
+NON_LUN_FILES = 0xC00403EE
+NEWER_SNAPSHOTS = 0xC00403F6
+BOTH_REASONS = 0xC00403F8
+SNAPSHOT_BUSY = 0xC0040410
+
+WAIT = msg(5120).replace("\n", "\r\n")
+LOCAL_MACHINE = "If the machine name is not specified the command is executed on a local machine.\n"
+RESTORE_USAGE = (
+    "cvcli snap restore [-m <MachineName>] -d <MountPoint> -s <SnapshotName>\n"
+    "Restores a LUN  from a  snapshot copy.\n" + LOCAL_MACHINE
+)
+CHECK_USAGE = (
+    "cvcli snap restore_volume_check -f <StorageSystemName> -volume <StorageSystemVolumeName> -s <SnapshotName>"
+    " [-m <MachineName>]\n"
+    "Verifies possibility of volume restore operation on non-connected LUNs\n" + LOCAL_MACHINE
+)
+VOLUME_USAGE = (
+    "cvcli snap restore_volume -f <StorageSystemName> -volume <StorageSystemVolumeName> -s <SnapshotName> [-force]"
+    " [-m <MachineName>]\n"
+    "Performs volume restore operation on non-connected LUNs, If '-force' is present Corvane will ignore newer snapshot"
+    " copies or non-LUN files on the volume\n" + LOCAL_MACHINE
+)
+
+RESTORE = "ISnapShotManage.RestoreSnapshot"
+CHECK = "ISnapShotVolumeRestore.CheckVolumeRestore"
+VOLUME = "ISnapShotVolumeRestore.RestoreVolume"
+
+
+def usage(message_id, text):
+    return "\n%s ...\n\n" % msg(message_id) + text
+
+
+def sent(method, request, sinks=()):
+    """The one call that reached the service, its request, and the event interfaces advised (and given back)."""
+    def check(result):
+        calls = [e for e in result.events if e.get("event") == "call"]
+        assert [c["method"] for c in calls] == [method], "calls %r" % result.calls()
+        assert calls[0]["request"] == request, "request %r" % calls[0]["request"]
+        advised = sorted(e["interface"] for e in result.events if e.get("event") == "advise")
+        unadvised = sorted(e["interface"] for e in result.events if e.get("event") == "unadvise")
+        assert advised == sorted(sinks) and unadvised == advised, "advised %r unadvised %r" % (advised, unadvised)
+    return check
+
+
+def not_called(result):
+    """The service object was created (before the switches were checked) and nothing was asked of it."""
+    assert result.created() == ["SnapShotService"], "created %r" % result.created()
+    assert result.calls() == [], "calls %r" % result.calls()
+
+
+def progress(subject, code):
+    return {"event": "ProgressMessage", "subject": subject, "code": code}
+
+
+def answer(method, **response):
+    return {"methods": {method: response}}
+
+
+# restore ---------------------------------------------------------------------------------------------------------
+
+RESTORE_RUNS = [
+    # (name, argv after "snap restore", request)
+    ("drive letter", ["-d", "E", "-s", "nightly.1"], {"mountPoint": "E", "snapshotName": "nightly.1"}),
+    ("drive with colon", ["-s", "nightly.1", "-d", "E:"], {"mountPoint": "E", "snapshotName": "nightly.1"}),
+    ("folder mount point", ["-d", "C:\\mnt\\logs", "-s", "hourly.5"],
+     {"mountPoint": "C:\\mnt\\logs\\", "snapshotName": "hourly.5"}),
+    ("non-ASCII snapshot and mount point", ["-d", "C:\\Dätä\\снимок", "-s", "Sicherung-Ü.東"],
+     {"mountPoint": "C:\\Dätä\\снимок\\", "snapshotName": "Sicherung-Ü.東"}),
+    ("a stray word is skipped", ["stray", "-d", "E", "-s", "n"], {"mountPoint": "E", "snapshotName": "n"}),
+]
+
+RESTORE_FAULTS = [
+    ("-s missing", ["-d", "E"], 5600),
+    ("both missing: -s first", [], 5600),
+    ("-s twice", ["-d", "E", "-s", "a", "-s", "b"], 5600),
+    ("-s without a value", ["-d", "E", "-s"], 5600),
+    ("-S is not -s", ["-d", "E", "-S", "a"], 5600),
+    ("-d missing", ["-s", "a"], 5602),
+    ("-d with two values", ["-s", "a", "-d", "E", "F"], 5602),
+    ("-d without a value", ["-s", "a", "-d"], 5602),
+]
+
+RESTORE_EVENTS = [progress("E:\\", 12), progress("E:\\", 13)]
+RESTORE_LINES = "E:\\ : %s\nE:\\ : %s\n" % (msg(5022), msg(5023))
+
+# restore_volume_check -------------------------------------------------------------------------------------------
+
+CHECK_ARGV = ["snap", "restore_volume_check", "-f", "filer-east", "-volume", "sql_data", "-s", "nightly.2"]
+CHECK_REQUEST = {"storageSystem": "filer-east", "volume": "sql_data", "snapshotName": "nightly.2"}
+CAN_RESTORE = "\nSpecified volume can be restored.\n\n"
+
+
+def mirror_line(word):
+    return ("\nThe specified volume is a Reflexa destination and is in a non-broken state. Current Reflexa status is:"
+            " %s\n\n" % word)
+
+
+def files_text(files):
+    if len(files) == 1:
+        text = "\nThere is 1 non-LUN file in the volume.\n\n"
+    else:
+        text = "\nThere are %d non-LUN files in the volume.\n\n" % len(files)
+    for number, (name, path) in enumerate(files, 1):
+        text += "File %d:\n\tFile name: %s\n\tFile path: %s\n\n" % (number, name, path)
+    return text
+
+
+def newer_text(snapshots):
+    if len(snapshots) == 1:
+        text = "\nThere is 1 snapshot copy that is newer than the specified snapshot copy.\n\n"
+    else:
+        text = "\nThere are %d snapshot copy copies that are newer than the specified snapshot copy.\n\n" % len(snapshots)
+    for number, (name, busy, consistent, dependency) in enumerate(snapshots, 1):
+        text += "Snapshot copy%d:\n\tSnapshot copy name:\t\t%s\n\tIs snapshot copy busy:\t%s\n" % (
+            number, name, "true" if busy else "false")
+        text += "\tIs snapshot copy consistent:\t%s\n" % ("true" if consistent else "false")
+        text += "/tSnapshot copy dependency: %s\n\n" % dependency if busy and dependency else "\n"
+    return text
+
+
+def file_records(files):
+    return [{"wszFileName": name, "wszFilePath": path} for name, path in files]
+
+
+def newer_records(snapshots):
+    return [{"wszName": name, "bBusy": busy, "bConsistent": consistent, "wszDependency": dependency}
+            for name, busy, consistent, dependency in snapshots]
+
+
+def check_answer(result=None, files=None, newer=None, unbroken=False, state=0, description=None):
+    response = {"mirror": {"bIsUnbrokenDestination": unbroken, "dwMirrorState": state}}
+    if result is not None:
+        response["result"] = hex(result)
+    if description is not None:
+        response["errorDescription"] = description
+    if files is not None:
+        response["files"] = file_records(files)
+    if newer is not None:
+        response["newer"] = newer_records(newer)
+    return answer(CHECK, **response)
+
+
+FILES = [("readme.txt", "/vol/sql_data/readme.txt"), ("backup.bak", "/vol/sql_data/dumps/backup.bak")]
+ONE_FILE = [("notes", "/vol/sql_data/notes")]
+NEWER = [("nightly.0", False, True, None), ("nightly.1", True, True, "lun_test"), ("hourly.5", True, False, None)]
+ONE_NEWER = [("nightly.1", True, False, "busy,snapmirror")]
+MANY_NEWER = [("hourly.%d" % i, i % 2 == 0, i % 3 == 0, "clone_%d" % i if i % 4 == 0 else None) for i in range(60)]
+NON_ASCII_FILES = [("Dätä-東.txt", "/vol/sql_data/снимок/Dätä-東.txt")]
+NON_ASCII_NEWER = [("Sicherung-Ü.東", True, True, "klon-Ü")]
+
+STATE_WORDS = [(1, "idle"), (2, "transferring"), (3, "pending"), (4, "aborting"), (5, "migrating"), (6, "quiescing"),
+               (7, "resyncing"), (8, "waiting"), (9, "syncing"), (10, "in-sync"), (11, "unrecognized"),
+               (0, "do not know"), (12, "do not know"), (0xFFFFFFFF, "do not know")]
+
+# (name, scenario, expected output before the alert or the completion, status)
+CHECK_RUNS = [
+    ("the volume can be restored", check_answer(), CAN_RESTORE, S_OK),
+    ("an unbroken destination that can be restored", check_answer(unbroken=True, state=10),
+     mirror_line("in-sync") + CAN_RESTORE, S_OK),
+    ("a broken destination prints no state", check_answer(unbroken=False, state=2), CAN_RESTORE, S_OK),
+    ("lists sent with success are not printed", check_answer(files=FILES, newer=NEWER), CAN_RESTORE, S_OK),
+    ("non-LUN files", check_answer(NON_LUN_FILES, files=FILES, newer=NEWER), files_text(FILES), NON_LUN_FILES),
+    ("one non-LUN file", check_answer(NON_LUN_FILES, files=ONE_FILE), files_text(ONE_FILE), NON_LUN_FILES),
+    ("no non-LUN file still prints the plural heading", check_answer(NON_LUN_FILES, files=[]),
+     "\nThere are 0 non-LUN files in the volume.\n\n", NON_LUN_FILES),
+    ("newer snapshot copies", check_answer(NEWER_SNAPSHOTS, files=FILES, newer=NEWER), newer_text(NEWER),
+     NEWER_SNAPSHOTS),
+    ("one newer snapshot copy", check_answer(NEWER_SNAPSHOTS, newer=ONE_NEWER), newer_text(ONE_NEWER), NEWER_SNAPSHOTS),
+    ("no newer snapshot copy still prints the plural heading", check_answer(NEWER_SNAPSHOTS, newer=[]),
+     "\nThere are 0 snapshot copy copies that are newer than the specified snapshot copy.\n\n", NEWER_SNAPSHOTS),
+    ("a busy copy with an empty dependency gets no dependency line",
+     check_answer(NEWER_SNAPSHOTS, newer=[("n", True, True, "")]), newer_text([("n", True, True, None)]),
+     NEWER_SNAPSHOTS),
+    ("an idle copy with a dependency gets no dependency line",
+     check_answer(NEWER_SNAPSHOTS, newer=[("n", False, True, "clone")]), newer_text([("n", False, True, None)]),
+     NEWER_SNAPSHOTS),
+    ("many newer snapshot copies", check_answer(NEWER_SNAPSHOTS, newer=MANY_NEWER), newer_text(MANY_NEWER),
+     NEWER_SNAPSHOTS),
+    ("both reasons: files first, then newer copies, after the mirror state",
+     check_answer(BOTH_REASONS, files=FILES, newer=NEWER, unbroken=True, state=2),
+     mirror_line("transferring") + files_text(FILES) + newer_text(NEWER), BOTH_REASONS),
+    ("both reasons with non-ASCII names", check_answer(BOTH_REASONS, files=NON_ASCII_FILES, newer=NON_ASCII_NEWER),
+     files_text(NON_ASCII_FILES) + newer_text(NON_ASCII_NEWER), BOTH_REASONS),
+    ("only the mirror state refuses", check_answer(E_ACCESSDENIED, files=FILES, newer=NEWER, unbroken=True, state=0),
+     mirror_line("do not know"), E_ACCESSDENIED),
+    ("another code prints no list", check_answer(SNAPSHOT_BUSY, files=FILES, newer=NEWER), "", SNAPSHOT_BUSY),
+    ("S_FALSE is a failure without lists", check_answer(1, files=FILES, newer=NEWER), "", 1),
+] + [("mirror state %d" % state, check_answer(unbroken=True, state=state), mirror_line(word) + CAN_RESTORE, S_OK)
+     for state, word in STATE_WORDS]
+
+
+def check_case(name, scenario, before, status):
+    after = completion() if status == S_OK else alert(MSG_VOLUME_RESTORE_FAILED, status)
+    return Case("check: " + name, CHECK_ARGV, before + after, status, scenario=scenario, check=sent(CHECK, CHECK_REQUEST))
+
+
+VOLUME_FAULTS = [
+    ("-f missing", ["-volume", "v", "-s", "n"], 5607),
+    ("everything missing: -f first", [], 5607),
+    ("-f twice", ["-f", "a", "-volume", "v", "-s", "n", "-f", "b"], 5607),
+    ("-f without a value", ["-volume", "v", "-s", "n", "-f"], 5607),
+    ("-volume missing", ["-f", "a", "-s", "n"], 5608),
+    ("-volume with two values", ["-f", "a", "-volume", "v", "w", "-s", "n"], 5608),
+    ("-s missing", ["-f", "a", "-volume", "v"], 5600),
+    ("-s twice", ["-f", "a", "-volume", "v", "-s", "n", "-s", "m"], 5600),
+]
+
+VOLUME_ARGV = ["snap", "restore_volume", "-f", "filer-east", "-volume", "sql_data", "-s", "nightly.2"]
+
+
+def volume_request(force):
+    request = dict(CHECK_REQUEST)
+    request["force"] = force
+    return request
+
+
+CASES = (
+    [Case("restore: " + name, ["snap", "restore"] + argv, WAIT + RESTORE_LINES + completion(), S_OK,
+          scenario=answer(RESTORE, events=RESTORE_EVENTS), check=sent(RESTORE, request, ["_ISnapShotEvents"]))
+     for name, argv, request in RESTORE_RUNS]
+    + [Case("restore: " + name, ["snap", "restore"] + argv, usage(message, RESTORE_USAGE), E_INVALIDARG, check=not_called)
+       for name, argv, message in RESTORE_FAULTS]
+    + [
+        Case("restore: from the demo scenario", ["snap", "restore", "-d", "E", "-s", "nightly.1"],
+             WAIT + RESTORE_LINES + completion(), S_OK, scenario="simulator/scenarios/demo.json", calls=[RESTORE]),
+        Case("restore refused with an explanation, earlier lines stay", ["snap", "restore", "-d", "E", "-s", "n"],
+             WAIT + "E:\\ : %s\n" % msg(5022) + alert(MSG_RESTORE_FAILED, SNAPSHOT_BUSY, description="LUN is busy"),
+             SNAPSHOT_BUSY, scenario=answer(RESTORE, result=hex(SNAPSHOT_BUSY), errorDescription="LUN is busy",
+                                            events=[progress("E:\\", 12)]),
+             check=sent(RESTORE, {"mountPoint": "E", "snapshotName": "n"}, ["_ISnapShotEvents"])),
+        Case("restore refused without an explanation", ["snap", "restore", "-d", "E", "-s", "n"],
+             WAIT + alert(MSG_RESTORE_FAILED, E_ACCESSDENIED), E_ACCESSDENIED,
+             scenario=answer(RESTORE, result=hex(E_ACCESSDENIED)), calls=[RESTORE]),
+        Case("restore: the service is refused before the switches are checked", ["snap", "restore"],
+             alert(MSG_SERVICE_UNAVAILABLE, E_ACCESSDENIED), E_ACCESSDENIED,
+             scenario={"classes": {"SnapShotService": {"createResult": hex(E_ACCESSDENIED)}}}),
+        Case("restore on another machine", ["snap", "restore", "-m", "host2", "-d", "E", "-s", "n"],
+             alert(MSG_SERVICE_UNAVAILABLE, REGDB_E_CLASSNOTREG), REGDB_E_CLASSNOTREG),
+        Case("help restore", ["snap", "help", "restore"], RESTORE_USAGE, E_INVALIDARG),
+    ]
+    + [check_case(name, scenario, before, status) for name, scenario, before, status in CHECK_RUNS]
+    + [
+        Case("check: refused with the service's explanation", CHECK_ARGV,
+             files_text(ONE_FILE) + alert(MSG_VOLUME_RESTORE_FAILED, NON_LUN_FILES, description="files on the volume"),
+             NON_LUN_FILES, scenario=check_answer(NON_LUN_FILES, files=ONE_FILE, description="files on the volume")),
+        Case("check: from the demo scenario", CHECK_ARGV,
+             newer_text([("nightly.0", False, True, None), ("nightly.1", True, True, "lun_test")])
+             + alert(MSG_VOLUME_RESTORE_FAILED, NEWER_SNAPSHOTS,
+                     description="Newer snapshot copies exist on volume sql_data"), NEWER_SNAPSHOTS,
+             scenario="simulator/scenarios/demo.json", calls=[CHECK]),
+        Case("check: non-ASCII request", ["snap", "restore_volume_check", "-f", "filer-東", "-volume", "vol_Ü", "-s",
+                                          "Sicherung-Ü.東"], CAN_RESTORE + completion(), S_OK,
+             check=sent(CHECK, {"storageSystem": "filer-東", "volume": "vol_Ü", "snapshotName": "Sicherung-Ü.東"})),
+        Case("check: the service is refused before the switches are checked", ["snap", "restore_volume_check"],
+             alert(MSG_SERVICE_UNAVAILABLE, E_ACCESSDENIED), E_ACCESSDENIED,
+             scenario={"classes": {"SnapShotService": {"createResult": hex(E_ACCESSDENIED)}}}),
+        Case("check on another machine", CHECK_ARGV + ["-m", "host2"], alert(MSG_SERVICE_UNAVAILABLE, REGDB_E_CLASSNOTREG),
+             REGDB_E_CLASSNOTREG),
+        Case("help restore_volume_check", ["snap", "help", "restore_volume_check"], CHECK_USAGE, E_INVALIDARG),
+    ]
+    + [Case("check: " + name, ["snap", "restore_volume_check"] + argv, usage(message, CHECK_USAGE), E_INVALIDARG,
+            check=not_called) for name, argv, message in VOLUME_FAULTS]
+    + [Case("restore_volume: " + name, ["snap", "restore_volume"] + argv, usage(message, VOLUME_USAGE), E_INVALIDARG,
+            check=not_called) for name, argv, message in VOLUME_FAULTS]
+    + [
+        Case("restore_volume", VOLUME_ARGV, completion(), S_OK, check=sent(VOLUME, volume_request(0))),
+        Case("restore_volume -force", VOLUME_ARGV + ["-force"], completion(), S_OK, check=sent(VOLUME, volume_request(1))),
+        Case("restore_volume from the demo scenario", VOLUME_ARGV, completion(), S_OK,
+             scenario="simulator/scenarios/demo.json", calls=[VOLUME]),
+        Case("restore_volume refused: no reasons are printed", VOLUME_ARGV,
+             alert(MSG_VOLUME_RESTORE_FAILED, BOTH_REASONS, description="newer copies and files"), BOTH_REASONS,
+             scenario=answer(VOLUME, result=hex(BOTH_REASONS), errorDescription="newer copies and files"),
+             check=sent(VOLUME, volume_request(0))),
+        Case("restore_volume -force refused without an explanation", VOLUME_ARGV + ["-force"],
+             alert(MSG_VOLUME_RESTORE_FAILED, E_ACCESSDENIED), E_ACCESSDENIED,
+             scenario=answer(VOLUME, result=hex(E_ACCESSDENIED)), check=sent(VOLUME, volume_request(1))),
+        Case("restore_volume: the class lacks the interface", VOLUME_ARGV,
+             alert(MSG_SERVICE_UNAVAILABLE, 0x80004002), 0x80004002,
+             scenario={"classes": {"SnapShotService": {"missingInterfaces": ["ISnapShotVolumeRestore"]}}}),
+        Case("help restore_volume", ["snap", "help", "restore_volume"], VOLUME_USAGE, E_INVALIDARG),
+    ]
+)
