@@ -50,6 +50,7 @@ CASES = [
          HEADING + "iSCSI initiator:\tiqn.1991-05.com.microsoft:host1\n" + "FCP initiator WWPN:\t(null)\n\n" + completion(),
          S_OK, scenario=listed({"dwKind": 1, "wszName": "iqn.1991-05.com.microsoft:host1"},
                                {"dwKind": 7, "wszName": "not shown"}, {"dwKind": 0, "wszName": None})),
+    Case("-m without a value asks the local service", ["fcp_initiator", "list", "-m"], same_as="no initiators"),
     Case("LIST in capitals", ["FCP_INITIATOR", "LIST"], same_as="no initiators"),
     Case("refused: an error line and success", ["fcp_initiator", "list"], status=S_OK, scenario=refused(E_ACCESSDENIED),
          calls=["IFcp.ListFcpInitiators"], check=error_line(E_ACCESSDENIED)),

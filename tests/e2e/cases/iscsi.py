@@ -202,6 +202,12 @@ LIST_CASES = [
          scenario=methods(IIscsi__ListSessions={"targets": [
              dict(FULL_TARGETS[0], pSessions=[dict(FULL_TARGETS[0]["pSessions"][0], dwInitiatorType=2),
                                               FULL_TARGETS[0]["pSessions"][1]]), FULL_TARGETS[1]]})),
+    Case("list: a name the service left out, a non-ASCII name", ["iscsi_initiator", "list", "-s"],
+         "\t1 connected iSCSI target(s):\n\t\tTarget name: iqn.2024-01.jp.東京:ü\n\t\t1 iSCSI session(s):\n"
+         "\t\t\tMicrosoft iSCSI service\n\t\t\t\tiSCSI HBA name: (null)\n" + completion(), S_OK,
+         scenario=methods(IIscsi__ListSessions={"targets": [
+             {"dwMask": 5, "wszTargetName": "iqn.2024-01.jp.東京:ü",
+              "pSessions": [{"dwMask": 4, "dwInitiatorType": 1, "hba": {"dwMask": 2, "wszName": None}}]}]})),
     Case("list: -s with a value still lists", ["iscsi_initiator", "list", "-s", "all"], same_as="list: no sessions"),
     Case("list: -s missing", ["iscsi_initiator", "list"], usage_fault(5634, LIST_USAGE), E_INVALIDARG,
          check=nothing_created),
