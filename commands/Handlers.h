@@ -28,6 +28,15 @@ void SnapRestoreVolume(CCommandLine &cl);
 // (end of snap)
 
 // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP
+void IscsiInitiatorList(CCommandLine &cl);
+void IscsiInitiatorEstablishSession(CCommandLine &cl);
+void IscsiInitiatorTerminateSession(CCommandLine &cl);
+void IscsiTargetList(CCommandLine &cl);
+void IscsiTargetDisconnect(CCommandLine &cl);
+void FcpInitiatorList(CCommandLine &cl);
+void PreferredIpList(CCommandLine &cl);
+void PreferredIpSet(CCommandLine &cl);
+void PreferredIpDelete(CCommandLine &cl);
 // (end of iscsi, fcp, preferredIP)
 
 // igroup, transport_protocol

@@ -37,6 +37,15 @@ constexpr DispatchRow kDispatchTable[] = {
     {cmd::Snap, op::RestoreVolume, SnapRestoreVolume},
     // (end of snap)
     // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP
+    {cmd::IscsiInitiator, op::List, IscsiInitiatorList},
+    {cmd::IscsiInitiator, op::EstablishSession, IscsiInitiatorEstablishSession},
+    {cmd::IscsiInitiator, op::TerminateSession, IscsiInitiatorTerminateSession},
+    {cmd::IscsiTarget, op::List, IscsiTargetList},
+    {cmd::IscsiTarget, op::Disconnect, IscsiTargetDisconnect},
+    {cmd::FcpInitiator, op::List, FcpInitiatorList},
+    {cmd::PreferredIP, op::List, PreferredIpList},
+    {cmd::PreferredIP, op::Set, PreferredIpSet},
+    {cmd::PreferredIP, op::Delete, PreferredIpDelete},
     // (end of iscsi, fcp, preferredIP)
     // igroup, transport_protocol
     // (end of igroup, transport_protocol)

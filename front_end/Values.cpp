@@ -126,6 +126,29 @@ bool ParseIdentifierPair(const wchar_t *text, uint64_t &first, uint64_t &second)
     return true;
 }
 
+bool IsValidIpv4Address(const wchar_t *text) {
+    if (text == nullptr)
+        return false;
+    const wchar_t *p = text;
+    for (int part = 0; part < 4; ++part) {
+        if (part > 0 && *p++ != L'.')
+            return false;
+        unsigned value = 0;
+        int digits = 0;
+        for (; *p >= L'0' && *p <= L'9'; ++p, ++digits) {
+            // Other readers take a leading zero for octal: "010" would be 8 to them.
+            if (digits == 1 && value == 0)
+                return false;
+            value = value * 10 + static_cast<unsigned>(*p - L'0');
+            if (value > 255)
+                return false;
+        }
+        if (digits == 0)
+            return false;
+    }
+    return *p == L'\0';
+}
+
 bool ParseApplicationName(const wchar_t *text, unsigned &code) {
     if (text == nullptr)
         return false;

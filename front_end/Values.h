@@ -29,5 +29,10 @@ bool HasValidPathCharacters(const wchar_t *text);
 // "0x<hex>-0x<hex>".
 bool ParseIdentifierPair(const wchar_t *text, uint64_t &first, uint64_t &second);
 
+// An IPv4 address in dotted form: exactly four decimal parts of 0 to 255,
+// separated by single dots, and nothing else (no blanks, signs, leading zeros
+// or shortened forms such as "10.1").
+bool IsValidIpv4Address(const wchar_t *text);
+
 bool ParseApplicationName(const wchar_t *text, unsigned &code);
 bool ParseLogLevel(const wchar_t *text, unsigned &level);

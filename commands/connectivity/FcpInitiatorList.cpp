@@ -1,0 +1,52 @@
+// fcp_initiator list: the host's Fibre Channel initiators. A failed query is
+// reported on a line of its own and the command still ends successfully.
+#include "commands/Handlers.h"
+#include "commands/common/DiskPrinters.h"
+#include "commands/common/DiskRecords.h"
+#include "front_end/Console.h"
+#include "service/ServiceAccess.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace {
+
+void FreeInitiatorList(InitiatorList &list) {
+    for (DWORD i = 0; list.pInitiators != nullptr && i < list.dwCount; ++i)
+        FreeInitiatorInfo(list.pInitiators[i]);
+    FreeAndClear(list.pInitiators);
+    list.dwCount = 0;
+}
+using OwnedInitiatorList = OwnedRecord<InitiatorList, FreeInitiatorList>;
+
+// The host whose initiators are asked for: this computer, whichever machine
+// runs the service (-m only chooses where the service object is created).
+std::wstring LocalComputerName() {
+    wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
+    DWORD chars = MAX_COMPUTERNAME_LENGTH + 1;
+    if (!GetComputerNameW(name, &chars))
+        return std::wstring();
+    return name;
+}
+
+} // namespace
+
+void FcpInitiatorList(CCommandLine &cl) {
+    ComPtr<IFcp> fcp;
+    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, fcp);
+    const std::wstring computer = LocalComputerName();
+    OwnedInitiatorList initiators;
+    const HRESULT hr = fcp->ListFcpInitiators(computer.c_str(), initiators.Out());
+    const DWORD lastError = GetLastError();
+    if (hr != S_OK) {
+        const wchar_t *machine = cl.MachineName();
+        Print(L"Error %d obtaining FCP initiators on machine %ls. Status 0x%x.\n", static_cast<int>(lastError),
+              machine != nullptr ? machine : L"", static_cast<unsigned>(hr));
+        return;
+    }
+    Print(L"\nFCP initiators on this system are: \n\n");
+    for (DWORD i = 0; initiators->pInitiators != nullptr && i < initiators->dwCount; ++i)
+        PrintInitiatorInfo(L"", initiators.Get().pInitiators[i]);
+    Print(L"\n");
+}

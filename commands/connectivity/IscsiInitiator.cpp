@@ -1,0 +1,38 @@
+// iscsi_initiator list and terminate_session.
+#include "MessageIds.h"
+#include "commands/Handlers.h"
+#include "commands/common/SentRecords.h"
+#include "commands/connectivity/IscsiPrinters.h"
+#include "commands/connectivity/IscsiRecords.h"
+#include "front_end/Exceptions.h"
+#include "front_end/Switches.h"
+#include "front_end/Values.h"
+#include "front_end/Words.h"
+#include "service/ServiceAccess.h"
+
+void IscsiInitiatorList(CCommandLine &cl) {
+    // -s only selects the session list; it carries no value.
+    if (!cl.IsPresent(sw::s))
+        throw OperationUsageException(cmd::IscsiInitiator, op::List, MSG_USAGE_SESSIONS_SWITCH);
+    ComPtr<IIscsi> iscsi;
+    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, iscsi);
+    OwnedConnectedTargets targets;
+    CheckServiceCall(iscsi->ListSessions(cl.MachineName(), targets.Out()), MSG_LIST_SESSIONS_FAILED);
+    PrintConnectedTargetList(L"\t", targets.Get());
+}
+
+void IscsiInitiatorTerminateSession(CCommandLine &cl) {
+    uint64_t first = 0, second = 0;
+    if (!ParseIdentifierPair(cl.SingleValue(sw::s), first, second))
+        throw OperationUsageException(cmd::IscsiInitiator, op::TerminateSession, MSG_USAGE_SESSION_ID);
+    ComPtr<IIscsi> iscsi;
+    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, iscsi);
+    // The session is named by its id alone; everything else stays zero.
+    CoTaskPtr<IscsiSession> owned = AllocateSentRecords<IscsiSession>(1, MSG_TERMINATE_SESSION_FAILED);
+    IscsiSession *session = owned.Get();
+    session->dwMask = 1;
+    session->ullSessionId1 = first;
+    session->ullSessionId2 = second;
+    session->dwInitiatorType = 1;
+    CheckServiceCall(iscsi->TerminateSession(cl.MachineName(), session), MSG_TERMINATE_SESSION_FAILED);
+}

@@ -1,0 +1,45 @@
+#include "commands/connectivity/IscsiRecords.h"
+
+namespace {
+
+// Every string and array is the caller's, whatever the masks say: a field the
+// service marked invalid may still hold memory.
+void FreeHba(IscsiHba &hba) {
+    FreeAndClear(hba.wszName);
+    FreeAndClear(hba.wszDescription);
+    FreeAndClear(hba.pPortals);
+    hba.dwPortalCount = 0;
+}
+
+void FreeSession(IscsiSession &session) {
+    FreeHba(session.hba);
+    FreeAndClear(session.pConnections);
+    session.dwConnectionCount = 0;
+}
+
+void FreeConnectedTarget(IscsiConnectedTarget &target) {
+    FreeAndClear(target.wszTargetName);
+    for (DWORD i = 0; target.pSessions != nullptr && i < target.dwSessionCount; ++i)
+        FreeSession(target.pSessions[i]);
+    FreeAndClear(target.pSessions);
+    target.dwSessionCount = 0;
+}
+
+} // namespace
+
+void FreeIscsiConnectedTargetList(IscsiConnectedTargetList &list) {
+    for (DWORD i = 0; list.pTargets != nullptr && i < list.dwCount; ++i)
+        FreeConnectedTarget(list.pTargets[i]);
+    FreeAndClear(list.pTargets);
+    list.dwCount = 0;
+}
+
+void FreeIscsiStorageTargetList(IscsiStorageTargetList &list) {
+    for (DWORD i = 0; list.pTargets != nullptr && i < list.dwCount; ++i) {
+        FreeAndClear(list.pTargets[i].wszTargetName);
+        FreeAndClear(list.pTargets[i].pPortals);
+        list.pTargets[i].dwPortalCount = 0;
+    }
+    FreeAndClear(list.pTargets);
+    list.dwCount = 0;
+}
