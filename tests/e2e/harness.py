@@ -84,6 +84,10 @@ class Result:
     timed_out: bool = False
     allocations: Optional[str] = None  # cvcli's report: "outstanding <blocks> <bytes>"
 
+    def text(self):
+        """stdout as text with LF line ends, as the cases write expectations."""
+        return self.stdout.decode("utf-8").replace("\r\n", "\n")
+
     def calls(self):
         """The methods called on the simulator, in order."""
         return [e.get("method") for e in self.events if e.get("event") == "call"]

@@ -30,7 +30,7 @@ def error_line(hr):
     pattern = re.compile(r"Error -?\d+ obtaining FCP initiators on machine \. Status 0x%x\.\n" % hr)
 
     def check(result):
-        text = result.stdout.decode("utf-8")
+        text = result.text()
         line, _, rest = text.partition("\n")
         assert pattern.fullmatch(line + "\n"), "line %r" % line
         assert rest == completion(), "after the line %r" % rest
