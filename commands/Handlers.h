@@ -40,7 +40,15 @@ void PreferredIpDelete(CCommandLine &cl);
 // (end of iscsi, fcp, preferredIP)
 
 // igroup, transport_protocol
+void ListInitiatorGroups(CCommandLine &cl);
+void CreateInitiatorGroup(CCommandLine &cl);
+void RenameInitiatorGroup(CCommandLine &cl);
+void DeleteInitiatorGroup(CCommandLine &cl);
+void ListTransportProtocolSettings(CCommandLine &cl);
+void SetTransportProtocol(CCommandLine &cl);
+void DeleteTransportProtocolSetting(CCommandLine &cl);
 // (end of igroup, transport_protocol)
 
 // hyperv
+void HyperVList(CCommandLine &cl);
 // (end of hyperv)

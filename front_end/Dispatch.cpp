@@ -48,8 +48,16 @@ constexpr DispatchRow kDispatchTable[] = {
     {cmd::PreferredIP, op::Delete, PreferredIpDelete},
     // (end of iscsi, fcp, preferredIP)
     // igroup, transport_protocol
+    {cmd::IGroup, op::List, ListInitiatorGroups},
+    {cmd::IGroup, op::Create, CreateInitiatorGroup},
+    {cmd::IGroup, op::Rename, RenameInitiatorGroup},
+    {cmd::IGroup, op::Delete, DeleteInitiatorGroup},
+    {cmd::TransportProtocol, op::List, ListTransportProtocolSettings},
+    {cmd::TransportProtocol, op::Set, SetTransportProtocol},
+    {cmd::TransportProtocol, op::Delete, DeleteTransportProtocolSetting},
     // (end of igroup, transport_protocol)
     // hyperv
+    {cmd::HyperV, op::List, HyperVList},
     // (end of hyperv)
     // arkhold
     {cmd::Arkhold, op::VerifyConfiguration, NotAvailable},

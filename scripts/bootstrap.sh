@@ -14,6 +14,7 @@ packages=(
     googletest
     nlohmann-json3-dev
     python3
+    tmux
 )
 
 missing=()

@@ -86,7 +86,10 @@ HRESULT STDMETHODCALLTYPE CServiceObject::EnumConnectionPoints(IEnumConnectionPo
 HRESULT STDMETHODCALLTYPE CServiceObject::FindConnectionPoint(REFIID riid, IConnectionPoint **point) {
     if (point == nullptr)
         return E_POINTER;
-    *point = FindPoint(riid);
+    CConnectionPoint *found = FindPoint(riid);
+    if (found != nullptr && missing_.count(found->EventName()) != 0)
+        found = nullptr; // the scenario left this event interface out
+    *point = found;
     if (*point == nullptr)
         return CONNECT_E_NOCONNECTION;
     (*point)->AddRef();

@@ -15,19 +15,6 @@ const wchar_t *OrNull(const wchar_t *text) {
     return text != nullptr ? text : L"(null)";
 }
 
-const wchar_t *PartitionStyleText(DWORD style) {
-    switch (style) {
-    case 1:
-        return L"Master Boot Record (MBR)";
-    case 2:
-        return L"GUID Partition Table (GPT)";
-    case 3:
-        return L"Raw";
-    default:
-        return L"Unknown";
-    }
-}
-
 std::wstring JoinMountPoints(const DiskInfo &disk) {
     std::wstring joined;
     for (DWORD i = 0; i < disk.dwMountPointCount && disk.pwszMountPoints != nullptr; ++i) {
@@ -87,6 +74,19 @@ void PrintTail(const DiskInfo &disk) {
 }
 
 } // namespace
+
+const wchar_t *PartitionStyleText(DWORD style) {
+    switch (style) {
+    case 1:
+        return L"Master Boot Record (MBR)";
+    case 2:
+        return L"GUID Partition Table (GPT)";
+    case 3:
+        return L"Raw";
+    default:
+        return L"Unknown";
+    }
+}
 
 std::wstring WidenSerialNumber(const char *serial) {
     if (serial == nullptr || serial[0] == '\0')

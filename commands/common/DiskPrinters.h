@@ -13,5 +13,8 @@ void PrintInitiatorInfo(const wchar_t *prefix, const InitiatorInfo &initiator);
 // An FCP port name held as 8 raw bytes.
 void PrintFcpPortName(const wchar_t *prefix, const unsigned char (&portName)[8]);
 
+// 1 MBR, 2 GPT, 3 Raw, anything else "Unknown"; also the style of a LUN under a virtual hard disk.
+const wchar_t *PartitionStyleText(DWORD style);
+
 // The serial number is a narrow string in the active code page.
 std::wstring WidenSerialNumber(const char *serial);

@@ -1,6 +1,7 @@
 // VirtualDiskService's host connectivity interfaces: initiators, initiator
 // groups, FCP initiators, transport protocols and space reclamation.
 #include "simulator/Contract.h"
+#include "simulator/Secret.h"
 #include "simulator/contract/Answer.h"
 #include "simulator/contract/Parts.h"
 
@@ -58,12 +59,12 @@ Json LogIGroup(const IGroupInfo *group) {
             {"ullReserved344", group->ullReserved344}};
 }
 
-// The password is logged as sent: tests check what cvcli passed on.
+// The password is logged as a digest only: tests compare it with what they typed, and the log never holds it.
 Json LogProtocol(const TransportProtocolInfo &protocol) {
     return {{"wszName", LogText(protocol.wszName)},
             {"wszUserName", LogText(protocol.wszUserName)},
             {"dwPort", protocol.dwPort},
-            {"wszPassword", LogText(protocol.wszPassword)},
+            {"wszPassword", LogSecret(protocol.wszPassword)},
             {"dwProtocolType", protocol.dwProtocolType},
             {"pwszOtherAddresses", LogStrings(protocol.dwOtherAddressCount, protocol.pwszOtherAddresses)}};
 }

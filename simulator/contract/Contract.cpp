@@ -90,9 +90,13 @@ const std::vector<ClassDef> &ServiceClasses() {
 
 Catalog ServiceCatalog() {
     Catalog catalog;
-    for (const ClassDef &definition : ServiceClasses())
+    for (const ClassDef &definition : ServiceClasses()) {
         for (const InterfaceDef &entry : definition.interfaces)
             catalog.classInterfaces[definition.name].insert(entry.name);
+        // An event interface may be left out too: its connection point is then not found.
+        for (const EventDef &event : definition.events)
+            catalog.classInterfaces[definition.name].insert(event.name);
+    }
     for (auto family :
          {&VirtualDiskMethods, &HostMethods, &IscsiMethods, &SnapshotMethods, &SnapshotMountMethods, &HyperVMethods})
         for (MethodEntry &entry : family())

@@ -2,6 +2,7 @@
 // and establishing and ending sessions. Every record opens with the presence
 // mask that the scenario sets like any other field.
 #include "simulator/Contract.h"
+#include "simulator/Secret.h"
 #include "simulator/contract/Answer.h"
 #include "simulator/contract/Parts.h"
 
@@ -104,7 +105,7 @@ Json LogSession(const IscsiSession *session) {
 Json LogChap(const IscsiChap *chap) {
     if (chap == nullptr)
         return nullptr;
-    return {{"dwUseChap", chap->dwUseChap}, {"wszName", LogText(chap->wszName)}, {"wszPassword", LogText(chap->wszPassword)}};
+    return {{"dwUseChap", chap->dwUseChap}, {"wszName", LogText(chap->wszName)}, {"wszPassword", LogSecret(chap->wszPassword)}};
 }
 
 class CIscsi final : public TPart<IIscsi> {

@@ -192,7 +192,7 @@ const Case kCases[] = {
          return Hr(As<IIscsi>(u)->EstablishSession(L"HOST1", L"iqn.t1", &session, &chap));
      },
      L"0x00000000",
-     R"({"machineName": "HOST1", "targetName": "iqn.t1", "chap": {"dwUseChap": 1, "wszName": "chapuser", "wszPassword": "s3cret!"}})"},
+     R"({"machineName": "HOST1", "targetName": "iqn.t1", "chap": {"dwUseChap": 1, "wszName": "chapuser", "wszPassword": "sha256:54d70685b3e9a805eb5fcd8c7ead1d9cde18c21f08f5293a97d2586892675203"}})"},
     {"IFcp.ListFcpInitiators", &CLSID_VirtualDiskService, &IID_IFcp,
      [](IUnknown *u) {
          InitiatorList list{};
@@ -217,7 +217,7 @@ const Case kCases[] = {
          return Hr(As<ITransportProtocol>(u)->CheckTransportProtocol(&protocol));
      },
      L"0x00000000",
-     R"({"protocol": {"wszName": "east", "wszUserName": "root", "dwPort": 443, "wszPassword": "pa55", "dwProtocolType": 3,
+     R"({"protocol": {"wszName": "east", "wszUserName": "root", "dwPort": 443, "wszPassword": "sha256:55ce58884658fa9f15143b56b6bc7961497cb757bde0ae4f62bdf7223eaf829a", "dwProtocolType": 3,
                       "pwszOtherAddresses": null}})"},
     {"IHyperV.ListVirtualMachines", &CLSID_HyperVService, &IID_IHyperV,
      [](IUnknown *u) {

@@ -1,0 +1,36 @@
+// Handlers that answer their own unexpected failures (igroup,
+// transport_protocol): usage and alert failures go on to the entry as
+// everywhere else; any other failure ends in one "Failed to ..." line with the
+// thread's last system error and the last HRESULT the handler saw, and the run
+// counts as a success.
+#pragma once
+
+#include "front_end/Exceptions.h"
+#include "service/EventSinks.h"
+
+#include <windows.h>
+
+enum class FailureOutput { Wide, Narrow };
+
+// `format` takes the system error (%d) and the HRESULT (%lx), in that order.
+void PrintFailureLine(FailureOutput output, const char *format, DWORD systemError, HRESULT lastHr);
+
+// Runs body(lastHr); the body stores each result it gets in lastHr.
+template <typename Body> void RunWithFailureLine(FailureOutput output, const char *format, Body &&body) {
+    HRESULT lastHr = S_OK;
+    try {
+        body(lastHr);
+    } catch (const OperationUsageException &) {
+        throw;
+    } catch (const AlertUserException &) {
+        throw;
+    } catch (...) {
+        const DWORD systemError = GetLastError();
+        PrintFailureLine(output, format, systemError, lastHr);
+    }
+}
+
+// The virtual-disk progress sink for these handlers: a sink that cannot be
+// connected is not a service failure of the operation but a failure of the
+// handler, so it becomes a failure line; its HRESULT is kept in lastHr.
+EventConnection ConnectProgressSinkOrFail(IUnknown *source, HRESULT &lastHr);

@@ -1,0 +1,106 @@
+#include "MessageIds.h"
+#include "commands/Handlers.h"
+#include "commands/common/FailureLine.h"
+#include "commands/common/RequiredSwitch.h"
+#include "commands/connectivity/IGroupRecords.h"
+#include "front_end/Console.h"
+#include "front_end/ListArgs.h"
+#include "front_end/Switches.h"
+#include "front_end/Words.h"
+#include "service/ServiceAccess.h"
+
+#include <cwchar>
+#include <new>
+#include <vector>
+
+namespace {
+
+// Room in the group record's fixed fields, terminator excluded.
+constexpr size_t kNodeNameChars = sizeof(IGroupInfo::wszNodeName) / sizeof(wchar_t) - 1;
+constexpr size_t kGroupNameChars = sizeof(IGroupInfo::wszGroupName) / sizeof(wchar_t) - 1;
+constexpr size_t kInitiatorNameChars = sizeof(InitiatorNameField::wszName) / sizeof(wchar_t) - 1;
+
+[[noreturn]] void CreateUsage(unsigned messageId) {
+    throw OperationUsageException(cmd::IGroup, op::Create, messageId);
+}
+
+// The -I pairs: at least one, every name fits its field, all of one node.
+std::vector<InitiatorPair> InitiatorPairs(const CCommandLine &cl) {
+    std::vector<InitiatorPair> pairs;
+    GetInitiatorList(cl, pairs);
+    if (pairs.empty())
+        CreateUsage(MSG_USAGE_INITIATORS);
+    for (const InitiatorPair &pair : pairs)
+        if (pair.NodeMachineName.empty() || pair.NodeMachineName.size() > kNodeNameChars || pair.InitiatorName.empty() ||
+            pair.InitiatorName.size() > kInitiatorNameChars)
+            CreateUsage(MSG_USAGE_INITIATORS);
+    for (size_t i = 1; i < pairs.size(); ++i)
+        if (_wcsicmp(pairs[i].NodeMachineName.c_str(), pairs[i - 1].NodeMachineName.c_str()) != 0)
+            CreateUsage(MSG_USAGE_SAME_NODE);
+    return pairs;
+}
+
+// The initiator block that the group record points to.
+class InitiatorBlock {
+public:
+    explicit InitiatorBlock(const std::vector<InitiatorPair> &pairs) {
+        const size_t bytes = pairs.size() * sizeof(InitiatorNameField);
+        m_names = static_cast<InitiatorNameField *>(CoTaskMemAlloc(bytes));
+        if (m_names == nullptr)
+            throw std::bad_alloc(); // not a service failure: the failure line reports it
+        ZeroMemory(m_names, bytes);
+        for (size_t i = 0; i < pairs.size(); ++i)
+            wcsncpy(m_names[i].wszName, pairs[i].InitiatorName.c_str(), kInitiatorNameChars);
+    }
+    ~InitiatorBlock() { CoTaskMemFree(m_names); }
+    InitiatorBlock(const InitiatorBlock &) = delete;
+    InitiatorBlock &operator=(const InitiatorBlock &) = delete;
+    InitiatorNameField *Get() const { return m_names; }
+
+private:
+    InitiatorNameField *m_names;
+};
+
+std::wstring LocalComputerName() {
+    wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
+    DWORD chars = MAX_COMPUTERNAME_LENGTH + 1;
+    if (!GetComputerNameW(name, &chars))
+        throw AlertUserException(MSG_COMPUTER_NAME_FAILED, HRESULT_FROM_WIN32(GetLastError()));
+    return name;
+}
+
+void CreateGroup(const CCommandLine &cl, HRESULT &hr) {
+    const std::vector<InitiatorPair> pairs = InitiatorPairs(cl);
+    const wchar_t *groupName = RequiredValue(cl, sw::ig, cmd::IGroup, op::Create, MSG_USAGE_IGROUP_NAME);
+    if (wcslen(groupName) > kGroupNameChars)
+        CreateUsage(MSG_USAGE_IGROUP_NAME);
+    const wchar_t *storageSystem = RequiredValue(cl, sw::f, cmd::IGroup, op::Create, MSG_USAGE_STORAGE_SYSTEM);
+
+    ComPtr<IIGroup> igroup;
+    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, igroup);
+    EventConnection events = ConnectProgressSinkOrFail(igroup.Get(), hr);
+
+    // Os type and group type stay 0: the storage system picks them.
+    IGroupInfo group = {};
+    wcsncpy(group.wszNodeName, pairs.front().NodeMachineName.c_str(), kNodeNameChars);
+    wcsncpy(group.wszGroupName, groupName, kGroupNameChars);
+    InitiatorBlock initiators(pairs);
+    group.dwInitiatorCount = static_cast<DWORD>(pairs.size());
+    group.pInitiators = initiators.Get();
+
+    const std::wstring computerName = LocalComputerName();
+    Print(L"\nCreating Initiator group ...\n\n");
+    IGroupInfo sent = group;
+    hr = igroup->CreateIGroup(storageSystem, &sent, computerName.c_str());
+    if (hr != S_OK) {
+        Print(L"\nError occurred while creating the storage system Initiator group(name:%ls)\n\n", groupName);
+        throw AlertUserException(0, hr);
+    }
+}
+
+} // namespace
+
+void CreateInitiatorGroup(CCommandLine &cl) {
+    RunWithFailureLine(FailureOutput::Narrow, "\nFailed to create igroup. Error code %d\t hr=0x%lxd\n\n",
+                       [&](HRESULT &hr) { CreateGroup(cl, hr); });
+}

@@ -1,0 +1,53 @@
+#include "commands/connectivity/TransportProtocolRecords.h"
+
+#include "MessageIds.h"
+#include "front_end/Exceptions.h"
+
+#include <cwchar>
+
+wchar_t *CopyToTaskMemory(const wchar_t *text) {
+    const size_t chars = wcslen(text) + 1;
+    auto *copy = static_cast<wchar_t *>(CoTaskMemAlloc(chars * sizeof(wchar_t)));
+    if (copy != nullptr)
+        wmemcpy(copy, text, chars);
+    return copy;
+}
+
+void FreeTransportProtocolInfo(TransportProtocolInfo &protocol) {
+    if (protocol.wszPassword != nullptr)
+        SecureZeroMemory(protocol.wszPassword, wcslen(protocol.wszPassword) * sizeof(wchar_t));
+    FreeAndClear(protocol.wszPassword);
+    FreeAndClear(protocol.wszName);
+    FreeAndClear(protocol.wszUserName);
+    FreeStringArray(protocol.pwszOtherAddresses, protocol.dwOtherAddressCount);
+}
+
+void FreeTransportProtocolList(TransportProtocolList &list) {
+    if (list.pProtocols != nullptr) {
+        for (DWORD i = 0; i < list.dwCount; ++i)
+            FreeTransportProtocolInfo(list.pProtocols[i]);
+        CoTaskMemFree(list.pProtocols);
+    }
+    list.pProtocols = nullptr;
+    list.dwCount = 0;
+}
+
+OwnedProtocolRecord::OwnedProtocolRecord()
+    : m_record(static_cast<TransportProtocolInfo *>(CoTaskMemAlloc(sizeof(TransportProtocolInfo)))) {
+    if (m_record == nullptr)
+        throw AlertUserException(MSG_SET_TRANSPORT_PROTOCOL_FAILED, E_OUTOFMEMORY);
+    ZeroMemory(m_record, sizeof(TransportProtocolInfo));
+}
+
+OwnedProtocolRecord::~OwnedProtocolRecord() {
+    FreeTransportProtocolInfo(*m_record);
+    CoTaskMemFree(m_record);
+}
+
+void OwnedProtocolRecord::SetText(wchar_t *TransportProtocolInfo::*field, const wchar_t *text) {
+    wchar_t *copy = CopyToTaskMemory(text);
+    if (copy == nullptr)
+        throw AlertUserException(MSG_SET_TRANSPORT_PROTOCOL_FAILED, E_OUTOFMEMORY);
+    CoTaskMemFree(m_record->*field);
+    m_record->*field = copy;
+}

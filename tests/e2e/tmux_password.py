@@ -1,0 +1,146 @@
+#!/usr/bin/env python3
+"""The password prompt of `transport_protocol set` in a real terminal.
+
+cvcli runs under Wine inside a tmux pane of a private tmux server. The test
+types a password key by key (with a Backspace and a non-ASCII key), reads the
+screen while and after typing, and checks that nothing of the password was
+echoed, only one "*" per key, and that the service received exactly the keys
+typed, Backspace included (the simulator's call log holds a SHA-256 digest of
+the password, never the text).
+
+Exit 0 on success, 1 on failure, 77 (skipped) only when tmux is not installed.
+"""
+
+import argparse
+import hashlib
+import json
+import os
+import shlex
+import shutil
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+HERE = Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE))
+
+import harness  # noqa: E402
+
+SKIPPED = 77
+PROMPT = "Type Password for the user:"
+# Typed as: Q, x, Backspace, é, W. The prompt keeps Backspace as a key of its own.
+TYPED = "Qx\béW"
+
+
+def digest(password):
+    return "sha256:" + hashlib.sha256(password.encode("utf-16-le")).hexdigest()
+
+
+class Pane:
+    """One pane of a tmux server of our own (its own socket), killed at the end."""
+
+    def __init__(self, command, env):
+        self.socket = "cvcli-password-%d" % os.getpid()
+        self.env = env
+        self.tmux("new-session", "-d", "-s", "pw", "-x", "160", "-y", "20", command)
+
+    def tmux(self, *args):
+        return subprocess.run(["tmux", "-L", self.socket, "-f", "/dev/null"] + list(args), env=self.env,
+                              stdin=subprocess.DEVNULL, capture_output=True, text=True, check=True).stdout
+
+    def keys(self, *keys, literal=False):
+        self.tmux("send-keys", "-t", "pw", *(["-l"] if literal else []), *keys)
+
+    def screen(self):
+        return self.tmux("capture-pane", "-p", "-t", "pw")
+
+    def wait_for(self, predicate, seconds, what):
+        deadline = time.monotonic() + seconds
+        while True:
+            text = self.screen()
+            if predicate(text):
+                return text
+            if time.monotonic() > deadline:
+                raise AssertionError("%s did not happen within %d s; the screen:\n%s" % (what, seconds, text))
+            time.sleep(0.1)
+
+    def close(self):
+        subprocess.run(["tmux", "-L", self.socket, "kill-server"], env=self.env, stdin=subprocess.DEVNULL,
+                       capture_output=True)
+
+
+def lines(text):
+    return [line.rstrip() for line in text.rstrip("\n").split("\n")]
+
+
+def run(session):
+    session.write_scenario({})
+    env = session.base_env()
+    env.update(CORVANE_SIM_SCENARIO=harness.winpath(session.scenario_file),
+               CORVANE_SIM_LOG=harness.winpath(session.log_file), LANG="C.UTF-8", TERM="xterm-256color")
+    script = session.work / "run.sh"
+    argv = [session.wine, str(session.cvcli), "transport_protocol", "set", "-f", "filer-east", "-type", "HTTPS",
+            "-user", "root", "-pwd"]
+    # The pane stays a while after cvcli so that its last screen can be read.
+    script.write_text("%s\necho \"EXIT=$?\"\nsleep 60\n" % " ".join(shlex.quote(a) for a in argv))
+    pane = Pane("bash " + shlex.quote(str(script)), env)
+    try:
+        pane.wait_for(lambda s: PROMPT in s, 60, "the prompt")
+        pane.keys("Qx", literal=True)
+        pane.keys("BSpace")
+        pane.keys("éW", literal=True)
+        typing = pane.wait_for(lambda s: "*****" in s, 10, "five stars")
+        time.sleep(0.3)  # anything echoed late would show now
+        typing = pane.screen()
+        assert [l for l in lines(typing) if l] == [PROMPT + "*****"], "while typing:\n%s" % typing
+        pane.keys("Enter")
+        done = pane.wait_for(lambda s: "EXIT=" in s, 30, "the end of cvcli")
+        expected = [PROMPT + "*****", "", "The operation completed successfully.", "EXIT=0"]
+        assert lines(done) == expected, "after Enter:\n%r\nexpected\n%r" % (lines(done), expected)
+    finally:
+        pane.close()
+
+    log = session.log_file.read_text(encoding="utf-8")
+    for clear in ("Qx", "éW", "\\u00e9W"):
+        assert clear not in log, "the call log holds the password in clear: %r" % clear
+    calls = [json.loads(line) for line in log.splitlines() if line.strip()]
+    calls = [c for c in calls if c.get("event") == "call"]
+    methods = [c["method"] for c in calls]
+    assert methods == ["ITransportProtocol.CheckTransportProtocol", "ITransportProtocol.SetTransportProtocols"], methods
+    received = [calls[0]["request"]["protocol"]["wszPassword"], calls[1]["request"]["protocols"][0]["wszPassword"]]
+    assert received == [digest(TYPED)] * 2, "received %r, typed %r (%s)" % (received, TYPED, digest(TYPED))
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--build-dir", default=str(harness.REPO / "build"))
+    args = parser.parse_args()
+    if shutil.which("tmux") is None:
+        print("SKIPPED: tmux is not installed (scripts/bootstrap.sh installs it); the password prompt was not tested")
+        return SKIPPED
+
+    session = harness.Session(args.build_dir)
+    # A work directory of its own: the end-to-end run keeps its files in e2e-work.
+    session.work = session.build / "tmux-work"
+    session.scenario_file = session.work / "scenario.json"
+    session.log_file = session.work / "calls.jsonl"
+    session.status_file = session.work / "status.txt"
+    started = time.monotonic()
+    session.start()
+    try:
+        run(session)
+    except AssertionError as error:
+        print("FAILED: password prompt in a terminal: %s" % error)
+        print("0 passed, 1 failed")
+        return 1
+    finally:
+        # The simulator would otherwise linger with this test's files.
+        session.prefix_script("--stop")
+    print("password prompt in a terminal: ok (%.1f s)" % (time.monotonic() - started))
+    print("1 passed, 0 failed")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
