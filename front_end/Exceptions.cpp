@@ -7,14 +7,10 @@
 #include <cstring>
 
 AlertUserException::AlertUserException(unsigned messageId, HRESULT hr) : m_messageId(messageId), m_hr(hr) {
-    m_text = static_cast<wchar_t *>(CoTaskMemAlloc(kTextChars * sizeof(wchar_t)));
+    m_text.reset(static_cast<wchar_t *>(CoTaskMemAlloc(kTextChars * sizeof(wchar_t))), CoTaskMemFree);
     if (m_text != nullptr) {
-        std::memset(m_text, 0, kTextChars * sizeof(wchar_t));
-        BuildAlertText(messageId, hr, m_text, kTextChars);
+        std::memset(m_text.get(), 0, kTextChars * sizeof(wchar_t));
+        BuildAlertText(messageId, hr, m_text.get(), kTextChars);
     }
 }
 
-void AlertUserException::FreeText() {
-    CoTaskMemFree(m_text);
-    m_text = nullptr;
-}

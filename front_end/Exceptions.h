@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include <memory>
+
 class UsageException {};
 
 class CommandUsageException {
@@ -41,14 +43,14 @@ public:
     unsigned MessageId() const { return m_messageId; }
     HRESULT Hresult() const { return m_hr; }
     // CoTaskMem buffer of kTextChars characters; may be null if allocation failed.
-    const wchar_t *Text() const { return m_text; }
-    // Once printed, the text is given back (copies of the exception share it).
-    void FreeText();
+    const wchar_t *Text() const { return m_text.get(); }
 
 private:
     unsigned m_messageId;
     HRESULT m_hr;
-    wchar_t *m_text;
+    // Shared by the copies that travel with the exception; the last one gives
+    // it back, also when a handler catches the failure and goes on.
+    std::shared_ptr<wchar_t> m_text;
 };
 
 class LocalErrorException {

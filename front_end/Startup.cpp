@@ -92,7 +92,6 @@ HRESULT RunCommandLine(wchar_t **argv) {
         return E_INVALIDARG;
     } catch (AlertUserException &e) {
         PrintAlert(e.Hresult(), e.Text());
-        e.FreeText();
         return e.Hresult();
     } catch (LocalErrorException &e) {
         PrintLocalError(e.MessageId());

@@ -9,6 +9,7 @@ their Wine servers warm and reuses one simulator, whose scenario file and call
 log sit at fixed paths that are rewritten for every case.
 """
 
+import hashlib
 import json
 import os
 import shutil
@@ -95,6 +96,11 @@ class Result:
     def created(self):
         """The classes of which an object was created, in order."""
         return [e.get("class") for e in self.events if e.get("event") == "create"]
+
+
+def password_digest(password):
+    """How the simulator logs a password field: never the text, its SHA-256 over UTF-16LE."""
+    return "sha256:" + hashlib.sha256(password.encode("utf-16-le")).hexdigest()
 
 
 def hresult(value):

@@ -63,7 +63,7 @@ def nothing_created(result):
 
 
 def demo_lun_printed(result):
-    assert b"\tLUN Path:\t\tfiler-west:/vol/vm_store/lun_vms\n" in result.stdout, result.stdout
+    assert "\tLUN Path:\t\tfiler-west:/vol/vm_store/lun_vms\n" in result.text(), result.stdout
 
 
 STATES = [(0, "Unknown"), (1, "Other"), (2, "Running"), (3, "Off"), (4, ""), (32767, ""), (32768, "Paused"),

@@ -58,7 +58,7 @@ def failure_line(text, hr):
     pattern = re.compile(r"\n%s Error code -?\d+\t hr=0x%xd\n\n" % (re.escape(text), hr) + re.escape(completion()) + r"\Z")
 
     def check(result):
-        out = result.stdout.decode("utf-8")
+        out = result.text()
         assert pattern.match(out), "stdout %r" % out
         assert result.calls() == [], "calls %r" % result.calls()
     return check

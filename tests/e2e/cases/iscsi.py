@@ -2,7 +2,7 @@
 
 import copy
 
-from harness import E_INVALIDARG, S_OK, Case, alert, completion, msg
+from harness import password_digest, E_INVALIDARG, S_OK, Case, alert, completion, msg
 
 MSG_SERVICE_UNAVAILABLE = 5108
 MSG_MULTI_SESSION_QUERY_FAILED = 5368
@@ -292,7 +292,7 @@ ESTABLISH_CASES = [
          completion(), S_OK, calls=ESTABLISHED,
          check=both(password_not_shown,
                     sent("IIscsi.EstablishSession", session=requested(hba_id=2, portal_id=3),
-                         chap={"dwUseChap": 1, "wszName": "host1", "wszPassword": "s3crét"}))),
+                         chap={"dwUseChap": 1, "wszName": "host1", "wszPassword": password_digest("s3crét")}))),
     Case("establish: an address inet_addr cannot read is sent as it reads it",
          ["iscsi_initiator", "establish_session", "-t", TARGET, "-np", "filer-east", "3260"], completion(), S_OK,
          check=sent("IIscsi.EstablishSession", session=requested(address="255.255.255.255"))),

@@ -1,9 +1,8 @@
 """transport_protocol list, set, delete: output, requests (passwords by digest only), usage faults, failures."""
 
-import hashlib
 import re
 
-from harness import E_INVALIDARG, REGDB_E_CLASSNOTREG, S_OK, Case, alert, completion, msg
+from harness import password_digest, E_INVALIDARG, REGDB_E_CLASSNOTREG, S_OK, Case, alert, completion, msg
 
 MSG_SERVICE_UNAVAILABLE = 5108
 MSG_INVALID_IP_PORT = 5307
@@ -47,8 +46,7 @@ def port_refused():
     return msg(MSG_INVALID_IP_PORT).replace("\n", "\r\n") + SET_USAGE
 
 
-def digest(password):
-    return "sha256:" + hashlib.sha256(password.encode("utf-16-le")).hexdigest()
+digest = password_digest
 
 
 def label(text, value):
@@ -86,7 +84,7 @@ def failure_line(text, hr):
     pattern = re.compile(r"\n%s Error code -?\d+\t hr=0x%xd\n\n" % (re.escape(text), hr) + re.escape(completion()) + r"\Z")
 
     def check(result):
-        out = result.stdout.decode("utf-8")
+        out = result.text()
         assert pattern.match(out), "stdout %r" % out
         nothing_called(result)
     return check
