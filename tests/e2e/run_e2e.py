@@ -79,6 +79,16 @@ def line_end_faults(output):
     return faults
 
 
+STATUS_DLL_INIT_FAILED = 0xC0000142
+
+
+def launch_failed(result):
+    """The process never ran cvcli's code: Wine could not start it."""
+    if result.timed_out:
+        return False
+    return result.status in (None, STATUS_DLL_INIT_FAILED) or b"runexit: cannot start" in result.stderr
+
+
 def verify(case, result, earlier):
     """The list of problems of one case (empty when it passed)."""
     problems = []
@@ -176,9 +186,18 @@ def run(session, args, prepared):
     earlier = {}
     run_started = time.monotonic()
     count = 0
+    relaunched = []
     for stem, case in cases:
         for _ in range(args.repeat):
             result = session.run(case)
+            # Under a loaded Wine a process now and then fails to start at all
+            # (STATUS_DLL_INIT_FAILED, or no status): that says nothing of
+            # cvcli, so such a run is made again, at most twice, and reported.
+            for _ in range(2):
+                if not launch_failed(result):
+                    break
+                relaunched.append("%s::%s" % (stem, case.name))
+                result = session.run(case)
             count += 1
             problems = verify(case, result, earlier.get(stem, {}))
             earlier.setdefault(stem, {})[case.name] = result
@@ -192,6 +211,8 @@ def run(session, args, prepared):
         print("\n=== FAIL %s" % label)
         for problem in problems:
             print(problem.rstrip("\n"))
+    if relaunched:
+        print("\nrun again after Wine failed to start the process: %s" % ", ".join(relaunched))
     print(
         "\n%d case runs, %d failed; %.1f s (%.2f s a case), prefix start %.1f s"
         % (count, len(failures), elapsed, elapsed / count if count else 0, prepared)
