@@ -11,7 +11,6 @@ void DiskDisconnect(CCommandLine &cl);
 void DiskExpand(CCommandLine &cl);
 void DiskAddMount(CCommandLine &cl);
 void DiskRemoveMount(CCommandLine &cl);
-// (end of disk)
 
 // snap
 void SnapDelete(CCommandLine &cl);
@@ -25,7 +24,6 @@ void SnapUnmount(CCommandLine &cl);
 void SnapRestore(CCommandLine &cl);
 void SnapRestoreVolumeCheck(CCommandLine &cl);
 void SnapRestoreVolume(CCommandLine &cl);
-// (end of snap)
 
 // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP
 void IscsiInitiatorList(CCommandLine &cl);
@@ -37,7 +35,6 @@ void FcpInitiatorList(CCommandLine &cl);
 void PreferredIpList(CCommandLine &cl);
 void PreferredIpSet(CCommandLine &cl);
 void PreferredIpDelete(CCommandLine &cl);
-// (end of iscsi, fcp, preferredIP)
 
 // igroup, transport_protocol
 void ListInitiatorGroups(CCommandLine &cl);
@@ -47,8 +44,6 @@ void DeleteInitiatorGroup(CCommandLine &cl);
 void ListTransportProtocolSettings(CCommandLine &cl);
 void SetTransportProtocol(CCommandLine &cl);
 void DeleteTransportProtocolSetting(CCommandLine &cl);
-// (end of igroup, transport_protocol)
 
 // hyperv
 void HyperVList(CCommandLine &cl);
-// (end of hyperv)

@@ -22,7 +22,6 @@ constexpr DispatchRow kDispatchTable[] = {
     {cmd::Disk, op::Expand, DiskExpand},
     {cmd::Disk, op::AddMount, DiskAddMount},
     {cmd::Disk, op::RemoveMount, DiskRemoveMount},
-    // (end of disk)
     // snap
     {cmd::Snap, op::Delete, SnapDelete},
     {cmd::Snap, op::Rename, SnapRename},
@@ -35,7 +34,6 @@ constexpr DispatchRow kDispatchTable[] = {
     {cmd::Snap, op::Unmount, SnapUnmount},
     {cmd::Snap, op::RestoreVolumeCheck, SnapRestoreVolumeCheck},
     {cmd::Snap, op::RestoreVolume, SnapRestoreVolume},
-    // (end of snap)
     // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP
     {cmd::IscsiInitiator, op::List, IscsiInitiatorList},
     {cmd::IscsiInitiator, op::EstablishSession, IscsiInitiatorEstablishSession},
@@ -46,7 +44,6 @@ constexpr DispatchRow kDispatchTable[] = {
     {cmd::PreferredIP, op::List, PreferredIpList},
     {cmd::PreferredIP, op::Set, PreferredIpSet},
     {cmd::PreferredIP, op::Delete, PreferredIpDelete},
-    // (end of iscsi, fcp, preferredIP)
     // igroup, transport_protocol
     {cmd::IGroup, op::List, ListInitiatorGroups},
     {cmd::IGroup, op::Create, CreateInitiatorGroup},
@@ -55,10 +52,8 @@ constexpr DispatchRow kDispatchTable[] = {
     {cmd::TransportProtocol, op::List, ListTransportProtocolSettings},
     {cmd::TransportProtocol, op::Set, SetTransportProtocol},
     {cmd::TransportProtocol, op::Delete, DeleteTransportProtocolSetting},
-    // (end of igroup, transport_protocol)
     // hyperv
     {cmd::HyperV, op::List, HyperVList},
-    // (end of hyperv)
     // arkhold
     {cmd::Arkhold, op::VerifyConfiguration, NotAvailable},
     {cmd::Arkhold, op::Archive, NotAvailable},

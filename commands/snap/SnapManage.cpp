@@ -2,6 +2,7 @@
 // relationship, of the LUN at a mount point.
 #include "MessageIds.h"
 #include "commands/Handlers.h"
+#include "commands/snap/SnapMountRequest.h"
 #include "front_end/Console.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Switches.h"
@@ -26,27 +27,12 @@ ManageSession OpenManage(const CCommandLine &cl) {
     return session;
 }
 
-// Each required switch takes exactly one value; anything else is the operation's usage error.
-std::wstring RequireValue(const CCommandLine &cl, const wchar_t *word, unsigned operation, unsigned messageId) {
-    std::wstring value;
-    if (!cl.SingleValueInto(word, value))
-        throw OperationUsageException(cmd::Snap, operation, messageId);
-    return value;
-}
-
-std::wstring RequireMountPoint(const CCommandLine &cl, unsigned operation) {
-    std::wstring mountPoint;
-    if (!cl.MountPointInto(mountPoint))
-        throw OperationUsageException(cmd::Snap, operation, MSG_USAGE_MOUNT_POINT);
-    return mountPoint;
-}
-
 } // namespace
 
 void SnapDelete(CCommandLine &cl) {
     ManageSession session = OpenManage(cl);
-    const std::wstring name = RequireValue(cl, sw::s, op::Delete, MSG_USAGE_SNAPSHOT_NAME);
-    const std::wstring mountPoint = RequireMountPoint(cl, op::Delete);
+    const std::wstring name = RequireSnapValue(cl, sw::s, op::Delete, MSG_USAGE_SNAPSHOT_NAME);
+    const std::wstring mountPoint = RequireSnapMountPoint(cl, op::Delete);
 
     boolean queued = 0;
     CheckServiceCall(session.manage->DeleteSnapshot(mountPoint.c_str(), name.c_str(), &queued), MSG_DELETE_SNAPSHOT_FAILED);
@@ -56,10 +42,10 @@ void SnapDelete(CCommandLine &cl) {
 
 void SnapRename(CCommandLine &cl) {
     ManageSession session = OpenManage(cl);
-    const std::wstring mountPoint = RequireMountPoint(cl, op::Rename);
-    const std::wstring oldName = RequireValue(cl, sw::o, op::Rename, MSG_USAGE_SNAPSHOT_NAME);
+    const std::wstring mountPoint = RequireSnapMountPoint(cl, op::Rename);
+    const std::wstring oldName = RequireSnapValue(cl, sw::o, op::Rename, MSG_USAGE_SNAPSHOT_NAME);
     // The new name is the service's to judge: it refuses names it cannot use.
-    const std::wstring newName = RequireValue(cl, sw::n, op::Rename, MSG_USAGE_NEW_SNAPSHOT_NAME);
+    const std::wstring newName = RequireSnapValue(cl, sw::n, op::Rename, MSG_USAGE_NEW_SNAPSHOT_NAME);
 
     CheckServiceCall(session.manage->RenameSnapshot(mountPoint.c_str(), oldName.c_str(), newName.c_str()),
                      MSG_RENAME_SNAPSHOT_FAILED);
@@ -67,7 +53,7 @@ void SnapRename(CCommandLine &cl) {
 
 void SnapUpdateMirror(CCommandLine &cl) {
     ManageSession session = OpenManage(cl);
-    const std::wstring mountPoint = RequireMountPoint(cl, op::UpdateMirror);
+    const std::wstring mountPoint = RequireSnapMountPoint(cl, op::UpdateMirror);
 
     CheckServiceCall(session.manage->UpdateMirror(mountPoint.c_str()), MSG_UPDATE_MIRROR_FAILED);
 }
