@@ -339,6 +339,11 @@ class Session:
         while not timed_out and self.objects_pending(events) and time.monotonic() < deadline:
             time.sleep(0.02)
             events = self.read_log()
+        if not timed_out and self.objects_pending(events) and not any(e.get("event") == "died" for e in events):
+            # An object the simulator could not give up (under Wine, a call to
+            # a client that is on its way out can leave one behind) would make
+            # every later case wait for an idle line that never comes.
+            self.restart_wine()
         allocations = self.allocation_file.read_text().strip() if self.allocation_file.exists() else None
         return Result(out_path.read_bytes(), err_path.read_bytes(), status, events, seconds, timed_out, allocations)
 

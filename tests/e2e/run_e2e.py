@@ -172,8 +172,10 @@ def main():
         session.prefix_script("--stop")
 
 
-def run(session, args, prepared):
-    cases = load_cases(args.pattern)
+def run(session, args, prepared, cases=None):
+    """Runs the cases (by default those of the case files) and prints the summary."""
+    if cases is None:
+        cases = load_cases(args.pattern)
     if args.list:
         for stem, case in cases:
             print("%s::%s" % (stem, case.name))

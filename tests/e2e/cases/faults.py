@@ -15,11 +15,21 @@ def listing(**response):
 
 def late_line_or_nothing(result):
     # A late event reaches cvcli only while its sink is still advised: either
-    # way the listing and the completion line stand, and nothing else.
+    # way the listing and the completion line stand, and nothing else. Every
+    # advise is given back; the simulator's own object may stay behind when
+    # its call meets cvcli on the way out (a limit of Wine's COM), so the
+    # release of objects is not asked here.
+    all_unadvised(result)
     lines = result.stdout.decode("utf-8").split("\r\n")
     kept = [line for line in lines if not line.startswith("filer-east : ")]
     expected = (NO_LUNS + completion()).split("\n")
     assert kept == expected and len(lines) - len(kept) <= 1, lines
+
+
+def all_unadvised(result):
+    advised = sum(1 for e in result.events if e.get("event") == "advise")
+    unadvised = sum(1 for e in result.events if e.get("event") == "unadvise")
+    assert advised == unadvised, "%d advises, %d unadvises" % (advised, unadvised)
 
 
 def died(result):
@@ -38,7 +48,7 @@ CASES = [
     Case("a zero count with no array", ["disk", "list"], NO_LUNS + completion(), S_OK, scenario=listing()),
     Case("events after the call has returned", ["disk", "list"], status=S_OK,
          scenario=listing(lateEvents=[{"event": "ProgressMessage", "subject": "filer-east", "code": 28}]),
-         check=late_line_or_nothing),
+         released=False, check=late_line_or_nothing),
     Case("events long after the call has returned", ["disk", "list"], NO_LUNS + completion(), S_OK,
          scenario=listing(lateDelayMs=300, lateEvents=[{"event": "ProgressMessage", "subject": "filer-east", "code": 28}])),
 ]
