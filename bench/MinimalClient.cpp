@@ -3,10 +3,13 @@
 // bytes, gathered in memory and written with one call.
 //
 //   minimal_client.exe disk-list   creation, sink, EnumerateDisksEx, one initiator query per LUN
+//   minimal_client.exe snap-list   creation, sink, ListSnapshots of drive E, the snapshot table
 //   minimal_client.exe help-snap   message library, COM and COM security, the snap help text
 //   minimal_client.exe empty       nothing at all
 #include "commands/common/DiskPrinters.h"
 #include "commands/common/DiskRecords.h"
+#include "commands/snap/SnapListPrinters.h"
+#include "commands/snap/SnapListRecords.h"
 #include "front_end/Console.h"
 #include "front_end/Help.h"
 #include "front_end/Messages.h"
@@ -53,6 +56,21 @@ int DiskList() {
     return 0;
 }
 
+int SnapList() {
+    ComPtr<ISnapShotList> service;
+    HRESULT hr = CoCreateInstance(CLSID_SnapShotService, nullptr, CLSCTX_LOCAL_SERVER, IID_ISnapShotList,
+                                  reinterpret_cast<void **>(service.GetAddressOf()));
+    if (hr != S_OK)
+        return 1;
+    EventConnection events = ConnectSink<CSnapShotEvents>(service.Get());
+    OwnedSnapshotArray snapshots;
+    ULONGLONG unused1 = 0, unused2 = 0, unused3 = 0;
+    if (service->ListSnapshots(L"E", snapshots.Out(), &unused1, &unused2, &unused3) != S_OK)
+        return 1;
+    PrintSnapshotTable(snapshots.Get());
+    return 0;
+}
+
 } // namespace
 
 int wmain(int argc, wchar_t **argv) {
@@ -71,6 +89,9 @@ int wmain(int argc, wchar_t **argv) {
         PrintCommandUsage(cmd::Snap);
     } else if (wcscmp(mode, L"disk-list") == 0) {
         status = DiskList();
+        PrintCompletionLine();
+    } else if (wcscmp(mode, L"snap-list") == 0) {
+        status = SnapList();
         PrintCompletionLine();
     }
     CaptureOutput(nullptr);

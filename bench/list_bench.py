@@ -64,6 +64,28 @@ def data_bytes(disks):
     return total
 
 
+def snapshot(i):
+    return {"wszName": "hourly.%d" % i, "ftCreated": "2024-03-04T01:00:00Z", "nUsedInnerPercent": i % 50,
+            "nTotalInnerPercent": i % 7, "nUsedPercent": i % 90, "nTotalPercent": i % 9, "dwConsistency": 1}
+
+
+def disk_list(size):
+    disks = [disk(i) for i in range(size)]
+    methods = {"IVirtualDisk2.EnumerateDisksEx": {"disks": disks},
+               "IVirtualDisk.GetPortInitiator": {"initiator": {"dwKind": 1, "wszName": "iqn.1991-05.com.example:host1"}}}
+    return methods, data_bytes(disks), ["disk", "list"], ["disk-list"]
+
+
+def snap_list(size):
+    snapshots = [snapshot(i) for i in range(size)]
+    data = sum(SNAPSHOT_RECORD + 2 * (len(s["wszName"]) + 1) for s in snapshots)
+    return {"ISnapShotList.ListSnapshots": {"snapshots": snapshots}}, data, ["snap", "list", "-d", "E"], ["snap-list"]
+
+
+SNAPSHOT_RECORD = 48
+WORKLOADS = [("disk list", disk_list), ("snap list", snap_list)]
+
+
 class Runner:
     def __init__(self, build):
         self.build = build
@@ -106,36 +128,32 @@ def main():
     runner = Runner(build)
     work = Path(tempfile.mkdtemp(prefix="cvcli-bench-"))
 
-    print("disk list: median of %d runs each, stdout to a file" % args.runs)
-    print("%8s %9s %9s %6s %8s %9s %10s %10s %10s %9s" % ("LUNs", "cvcli", "minimal", "ratio", "growth", "sim check",
-                                                         "sim/record", "peak KiB", "data KiB", "peak/data"))
-    previous = None
-    base_peak = None
-    for size in [int(s) for s in args.sizes.split(",")]:
-        disks = [disk(i) for i in range(size)]
-        scenario = work / ("disks-%d.json" % size)
-        scenario.write_text(json.dumps({"methods": {
-            "IVirtualDisk2.EnumerateDisksEx": {"disks": disks},
-            "IVirtualDisk.GetPortInitiator": {"initiator": {"dwKind": 1, "wszName": "iqn.1991-05.com.example:host1"}},
-        }}))
-        runner.run("cvcli.exe", ["disk", "list"], scenario)  # the simulator starts and reads it once
-        cvcli, peak, out_cvcli = runner.median(args.runs, "cvcli.exe", ["disk", "list"], scenario)
-        minimal, _, out_minimal = runner.median(args.runs, "minimal_client.exe", ["disk-list"], scenario)
-        check, _, _ = runner.median(1, "corvane-sim.exe", ["/check", winpath(scenario)])
-        (work / "empty.json").write_text("{}")
-        empty_check, _, _ = runner.median(1, "corvane-sim.exe", ["/check", winpath(work / "empty.json")])
-        if base_peak is None:  # what any cvcli run holds under Wine, data or not
-            _, base_peak, _ = runner.median(1, "cvcli.exe", ["help", "snap"])
-        growth = "%7.2fx" % (cvcli / previous[1]) if previous else "%8s" % "-"
-        per_record = minimal / size * 1e6  # the whole round trip per LUN, server included
-        data = data_bytes(disks) / 1024
-        print("%8d %8.2fs %8.2fs %6.2f %8s %8.2fs %8.1fus %10d %10d %9.2f%s" % (
-            size, cvcli, minimal, cvcli / minimal, growth, check - empty_check, per_record, peak, data,
-            (peak - base_peak) / data, "" if out_cvcli == out_minimal else "  (outputs differ in size: %d/%d bytes)"
-            % (out_cvcli, out_minimal)))
-        previous = (size, cvcli)
+    _, base_peak, _ = runner.median(1, "cvcli.exe", ["help", "snap"])  # what any run holds under Wine
+    (work / "empty.json").write_text("{}")
+    empty_check, _, _ = runner.median(1, "corvane-sim.exe", ["/check", winpath(work / "empty.json")])
+    sizes = [int(s) for s in args.sizes.split(",")]
+    for title, workload in WORKLOADS:
+        print("%s: median of %d runs each, stdout to a file" % (title, args.runs))
+        print("%8s %9s %9s %6s %8s %9s %10s %10s %10s %9s" % ("records", "cvcli", "minimal", "ratio", "growth",
+                                                             "sim check", "per record", "peak KiB", "data KiB",
+                                                             "peak/data"))
+        previous = None
+        for size in sizes:
+            methods, data, cvcli_args, minimal_args = workload(size)
+            scenario = work / ("%s-%d.json" % (title.replace(" ", "-"), size))
+            scenario.write_text(json.dumps({"methods": methods}))
+            runner.run("cvcli.exe", cvcli_args, scenario)  # the simulator starts and reads it once
+            cvcli, peak, out_cvcli = runner.median(args.runs, "cvcli.exe", cvcli_args, scenario)
+            minimal, _, out_minimal = runner.median(args.runs, "minimal_client.exe", minimal_args, scenario)
+            check, _, _ = runner.median(1, "corvane-sim.exe", ["/check", winpath(scenario)])
+            growth = "%7.2fx" % (cvcli / previous) if previous else "%8s" % "-"
+            print("%8d %8.2fs %8.2fs %6.2f %8s %8.2fs %8.1fus %10d %10d %9.2f%s" % (
+                size, cvcli, minimal, cvcli / minimal, growth, check - empty_check, minimal / size * 1e6, peak,
+                data / 1024, (peak - base_peak) * 1024 / data,
+                "" if out_cvcli == out_minimal else "  (outputs differ: %d / %d bytes)" % (out_cvcli, out_minimal)))
+            previous = cvcli
+        print()
 
-    print()
     print("start-up: median of %d runs" % (args.runs * 5))
     help_cvcli, _, _ = runner.median(args.runs * 5, "cvcli.exe", ["help", "snap"])
     help_minimal, _, _ = runner.median(args.runs * 5, "minimal_client.exe", ["help-snap"])
