@@ -1,8 +1,8 @@
 """disk delete, disconnect and expand: naming the LUN, the requests sent, the expansion limits and every failure."""
 
-from harness import E_INVALIDARG, S_OK, Case, alert, completion, msg
 from cases.lun_common import (E_ACCESSDENIED, LOCAL_MACHINE, WAIT, all_of, failing, local, progress, refusals, sent,
-                        unreachable, usage, usage_faults)
+                              unreachable, usage, usage_faults)
+from harness import E_INVALIDARG, S_OK, Case, alert, completion, msg
 
 MSG_DELETE_DISK_FAILED = 5357
 MSG_DISCONNECT_DISK_FAILED = 5358
@@ -62,17 +62,14 @@ def lun(method, storage_system="filer1", path="/vol/vol1/db"):
     return sent(method, False, storageSystem=storage_system, storageSystemPath=path, reserved1=0, reserved2=0)
 
 
-# The LUN path parser and the disk look-up are shared by the three operations: their forms are tried on delete.
-BAD_PATHS = [("no colon", "filer1"), ("no /vol/ after the colon", "filer1:vol/vol1/db"),
-             ("/Vol/ in another case", "filer1:/Vol/vol1/db"), ("/vol/ after a second colon", "filer1:x:/vol/vol1/db"),
-             ("empty path", "")]
+# The disk look-up is shared by the three operations: its forms are tried on delete. The LUN path forms are the
+# parser's unit test; here one bad path per operation.
 # (name, argv after "disk delete", calls, storage system, path sent)
 DELETE_RUNS = [
     ("by drive letter", ["-d", "E"], [ENUM, DELETE], "filer1", "/vol/vol1/db"),
     ("drive with colon and another case", ["-d", "e:"], [ENUM, DELETE], "filer1", "/vol/vol1/db"),
     ("folder mount point gets its backslash", ["-d", "F:\\mnt\\db"], [ENUM, DELETE], "filer1", "/vol/vol1/db"),
     ("by LUN path, connected or not", ["-p", "filer9:/vol/gone/lun7"], [DELETE], "filer9", "/vol/gone/lun7"),
-    ("empty volume and LUN names", ["-p", "filer1:/vol/"], [DELETE], "filer1", "/vol/"),
     ("non-ASCII LUN path", ["-p", "fïler:/vol/dätä/東京"], [DELETE], "fïler", "/vol/dätä/東京"),
     # A LUN path skips the snapshot test: only a mount point finds out what backs the disk.
     ("snapshot-backed disk by LUN path goes ahead", ["-p", "filer1:/vol/vol1/clone"], [DELETE], "filer1", "/vol/vol1/clone"),
@@ -107,9 +104,8 @@ DELETE_CASES = [
 ] + refusals("delete", ["disk", "delete", "-d", "E"], MSG_DELETE_DISK_FAILED, lambda r: scenario(DeleteDisk=r),
              calls=[ENUM, DELETE]) + unreachable("delete", "VirtualDiskService", ["disk", "delete"],
                                                  ["disk", "delete", "-m", "host2", "-d", "E"]) + [
-    Case("delete: bad LUN path, " + name, ["disk", "delete", "-p", path], INCORRECT_PATH + msg(MSG_DELETE_DISK_FAILED),
-         E_INVALIDARG, scenario=scenario(), calls=[])
-    for name, path in BAD_PATHS
+    Case("delete: bad LUN path", ["disk", "delete", "-p", "filer1:/Vol/vol1/db"],
+         INCORRECT_PATH + msg(MSG_DELETE_DISK_FAILED), E_INVALIDARG, scenario=scenario(), calls=[]),
 ] + usage_faults("delete", ["disk", "delete"], DELETE_USAGE, TARGET_FAULTS + MORE_TARGET_FAULTS, scenario=scenario(),
                  calls=[])
 
@@ -120,7 +116,6 @@ DISCONNECT_RUNS = [
     ("by drive letter", ["-d", "E"], WAIT, [ENUM, DISCONNECT], "filer1", "/vol/vol1/db"),
     ("by force", ["-d", "E:", "-f"], WAIT, [ENUM, FORCED], "filer1", "/vol/vol1/db"),
     ("-f with a value still forces", ["-f", "no", "-d", "E"], WAIT, [ENUM, FORCED], "filer1", "/vol/vol1/db"),
-    ("-F is not -f", ["-d", "E", "-F"], WAIT, [ENUM, DISCONNECT], "filer1", "/vol/vol1/db"),
     ("non-ASCII folder mount point, snapshot-backed", ["-d", "c:\\dätä\\東京"], WAIT, [ENUM, DISCONNECT], "filer1",
      "/vol/vol1/clone"),
     # The path is matched ignoring case; the request keeps the storage system as typed.
@@ -145,9 +140,6 @@ DISCONNECT_CASES = [
          UNC_NOTICE + "\n" + INCORRECT_PATH + alert(MSG_INVALID_LUN_PATH, E_ACCESSDENIED, description="share unknown"),
          E_ACCESSDENIED, scenario=scenario(TranslateUncPath=failing(E_ACCESSDENIED, "share unknown")),
          calls=[ENUM, UNC]),
-    Case("disconnect: disks cannot be enumerated", ["disk", "disconnect", "-p", "filer1:/vol/vol1/db"],
-         alert(MSG_LIST_DISKS_FAILED, E_ACCESSDENIED), E_ACCESSDENIED,
-         scenario={"methods": {ENUM: failing(E_ACCESSDENIED)}}, calls=[ENUM]),
     # The look-up enumerates first, then reports the path with its own status.
     Case("disconnect: bad LUN path", ["disk", "disconnect", "-p", "filer1:vol/vol1/db"],
          "\n" + INCORRECT_PATH + alert(MSG_INVALID_LUN_PATH, MSG_INVALID_LUN_PATH), MSG_INVALID_LUN_PATH,
@@ -174,12 +166,6 @@ GROWN_TEXT = (
 # With reserve up to 40960 MB, without it up to 81920 MB, at least 16 MB.
 VALID = {"llMaxWithReserve": 40960, "llMaxWithoutReserve": 81920, "llMin": 16, "llCurrentSize": 102400,
          "bLimitsValid": True, "dwPartitionStyle": 2}
-
-
-def limits(**fields):
-    record = dict(VALID)
-    record.update(fields)
-    return record
 
 
 def expanding(limit_record=None, grown=None, **methods):
@@ -216,12 +202,11 @@ def expand(*argv):
 
 EXPANDED = GROWN_TEXT + completion()
 
-# Size forms the -z switch accepts, in MB.
-SIZES = [("512", 512), ("512mb", 512), ("2gB", 2048), ("0tb", 0), ("+64", 64), ("0040", 40)]
-# A few that it rejects (a value starting with a hyphen is a switch of its own, so -z is left without one).
-BAD_SIZES = [("one-letter suffix", ["-z", "10G"]), ("KB is no suffix here", ["-z", "1024KB"]),
-             ("decimal", ["-z", "1.5GB"]), ("negative", ["-z", "-5MB"]), ("20 digits", ["-z", "1" * 20]),
-             ("blank inside", ["-z", "10 MB"]), ("missing", []), ("given twice", ["-z", "10", "-z", "20"])]
+# Size forms the -z switch accepts, in MB, beyond those of the parser's unit test.
+SIZES = [("2gB", 2048), ("0tb", 0), ("+64", 64), ("0040", 40)]
+# Some that it rejects (a value starting with a hyphen is a switch of its own, so -z is left without one).
+BAD_SIZES = [("negative", ["-z", "-5MB"]), ("20 digits", ["-z", "1" * 20]), ("blank inside", ["-z", "10 MB"]),
+             ("missing", []), ("given twice", ["-z", "10", "-z", "20"])]
 OPEN = {"bLimitsValid": False}
 MBR = {"bLimitsValid": False, "dwPartitionStyle": 1}
 # (name, switches after "-d E", limits changed, refusal printed or None when the disk grows by `size`)
@@ -253,9 +238,9 @@ LIMIT_RUNS = [
 
 def limit_case(name, argv, fields, refusal, size):
     if refusal is None:
-        return Case("expand: " + name, expand("-d", "E", *argv), EXPANDED, S_OK, scenario=expanding(limits(**fields)),
+        return Case("expand: " + name, expand("-d", "E", *argv), EXPANDED, S_OK, scenario=expanding(dict(VALID, **fields)),
                     calls=[ENUM, LIMITS, EXPAND], check=expanded_by(size))
-    return Case("expand: " + name, expand("-d", "E", *argv), refusal, S_OK, scenario=expanding(limits(**fields)),
+    return Case("expand: " + name, expand("-d", "E", *argv), refusal, S_OK, scenario=expanding(dict(VALID, **fields)),
                 calls=[ENUM, LIMITS])
 
 
@@ -274,16 +259,13 @@ EXPAND_CASES = [
          alert(5102, SNAPSHOT_BACKED), SNAPSHOT_BACKED, scenario=expanding(), calls=[ENUM]),
     Case("expand: snapshot-backed disk by LUN path goes ahead", expand("-p", "filer1:/vol/vol1/clone", "-z", "16"),
          EXPANDED, S_OK, scenario=expanding(), check=expanded_by(16, "filer1:/vol/vol1/clone", "filer1", "/vol/vol1/clone")),
-    Case("expand: UNC path not translated", expand("-p", "\\\\filer1\\share\\x", "-z", "16"),
-         UNC_NOTICE + INCORRECT_PATH + msg(MSG_EXPAND_DISK_FAILED), E_INVALIDARG,
-         scenario=expanding(TranslateUncPath=failing(E_ACCESSDENIED)), calls=[UNC]),
     Case("expand: bad LUN path", expand("-z", "16", "-p", "filer1"), INCORRECT_PATH + msg(MSG_EXPAND_DISK_FAILED),
          E_INVALIDARG, scenario=expanding(), calls=[]),
     Case("expand: nothing given reports the size first", expand(), usage(MSG_USAGE_SIZE, EXPAND_USAGE), E_INVALIDARG,
          scenario=expanding(), calls=[]),
 ] + [limit_case(*row) for row in LIMIT_RUNS] + [
     Case("expand: size %s" % text, expand("-d", "E", "-z", text, "-rs", "y"), EXPANDED, S_OK,
-         scenario=expanding(limits(llMin=0)), calls=[ENUM, LIMITS, EXPAND], check=expanded_by(size))
+         scenario=expanding(dict(VALID, llMin=0)), calls=[ENUM, LIMITS, EXPAND], check=expanded_by(size))
     for text, size in SIZES
 ] + refusals("expand: limits", expand("-d", "E", "-z", "16"), MSG_EXPAND_DISK_FAILED,
              lambda r: expanding(GetExpandLimits=r), calls=[ENUM, LIMITS]) + refusals(
@@ -297,7 +279,7 @@ EXPAND_CASES = [
     # -rs is read once the limits are known, so the limits query has been made.
     Case("expand: -rs " + name, expand("-d", "E", "-z", "16", *argv), usage(5613, EXPAND_USAGE),
          E_INVALIDARG, scenario=expanding(), calls=[ENUM, LIMITS])
-    for name, argv in [("unknown word", ["-rs", "yes"]), ("given twice", ["-rs", "y", "-rs", "n"]), ("empty", ["-rs", ""])]
+    for name, argv in [("unknown word", ["-rs", "yes"]), ("given twice", ["-rs", "y", "-rs", "n"])]
 ]
 
 CASES = DELETE_CASES + DISCONNECT_CASES + EXPAND_CASES

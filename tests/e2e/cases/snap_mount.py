@@ -94,27 +94,20 @@ MOUNT_RUNS = [
       "mountPoint": "C:\\снимок\\點\\"}),
 ]
 NON_ASCII_MIRROR = {"name": "Sicherung-Ü", "drive": "C:\\снимок\\", "text": "vol_東"}
+# The states' lines are the event printer's unit test; here, what crosses the wire.
 MIRROR_STATES = [
-    ("replicate with nothing transferred", mirror(35, countValid=1, transferred=0), mirror_line("MIRROR REPLICATE")),
-    ("replicate with an invalid count", mirror(35, countValid=0, transferred=5), mirror_line("MIRROR REPLICATE")),
     ("replicate prints the low 32 bits", mirror(35, countValid=1, transferred=0x100000400),
      mirror_line("MIRROR REPLICATE transferred 1024")),
-    ("user cancelled", mirror(36), mirror_line("USER CANCELLED")),
-    ("unknown state prints nothing after the status", mirror(37), mirror_line("")),
     ("non-ASCII names", mirror(33, **NON_ASCII_MIRROR), mirror_line("MIRROR START", **NON_ASCII_MIRROR)),
 ]
-# (name, argv after "snap mount", message id); -s is read first, then -d, then -k.
+# (name, argv after "snap mount", message id): -s, -d, then -k, by the snap family's readers (tried on snap delete).
 MOUNT_FAULTS = [
     ("everything missing: -s first", [], 5600),
     ("-s missing", ["-k", "E", "-d", "G"], 5600),
-    ("-s twice", ["-k", "E", "-s", "a", "-d", "G", "-s", "b"], 5600),
-    ("-s without a value", ["-k", "E", "-d", "G", "-s"], 5600),
     ("-d missing", ["-k", "E", "-s", "a"], 5602),
-    ("-d with two values", ["-k", "E", "-s", "a", "-d", "G", "H"], 5602),
     ("-k missing", ["-s", "a", "-d", "G"], 5604),
-    ("-k without a value", ["-s", "a", "-d", "G", "-k"], 5604),
 ]
-OLD_FAULTS = [("everything missing: -s first", ["-old"], 5600), ("-k missing", ["-old", "-s", "a", "-d", "G"], 5604)]
+OLD_FAULTS = [("everything missing: -s first", ["-old"], 5600)]
 OLD_REQUEST = {"liveMachine": "HOST1", "liveMountPoint": "E", "snapshotName": "nightly.1", "mountPoint": "G", "reserved": 0}
 
 CASES = (
