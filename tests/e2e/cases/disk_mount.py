@@ -45,8 +45,9 @@ for op, method, op_usage, failed, code, text in OPERATIONS:
              "G:\\ : %s\nG:\\ : \n" % msg(text) + completion(), S_OK,
              scenario=answer(method, events=progress("G:\\", code, 99))),
     ] + refusals(op, ["disk", op, "-vn", "bogus", "-mp", "C:\\not\\empty"], failed, lambda r, m=method: answer(m, **r),
-                 calls=[method]) + usage_faults(op, ["disk", op], op_usage,
-                                                USAGE_FAULTS + (MORE_FAULTS if method == ADD else []), calls=[], check=SINK_ONLY)
+                 calls=[method])
+    CASES += usage_faults(op, ["disk", op], op_usage, USAGE_FAULTS + (MORE_FAULTS if method == ADD else []), calls=[],
+                          check=SINK_ONLY)
 
 CASES += unreachable("add_mount", "VirtualDiskService", ["disk", "add_mount", "-mp", "G"],
                      ["disk", "add_mount", "-m", "host2", "-vn", VOLUME, "-mp", "G"]) + [

@@ -202,8 +202,6 @@ def expand(*argv):
 
 EXPANDED = GROWN_TEXT + completion()
 
-# Size forms the -z switch accepts, in MB, beyond those of the parser's unit test.
-SIZES = [("2gB", 2048), ("0tb", 0), ("+64", 64), ("0040", 40)]
 # Some that it rejects (a value starting with a hyphen is a switch of its own, so -z is left without one).
 BAD_SIZES = [("negative", ["-z", "-5MB"]), ("20 digits", ["-z", "1" * 20]), ("blank inside", ["-z", "10 MB"]),
              ("missing", []), ("given twice", ["-z", "10", "-z", "20"])]
@@ -233,15 +231,15 @@ LIMIT_RUNS = [
     ("open limits, raw disk", ["-z", "16639879"], dict(OPEN, dwPartitionStyle=3), None, 16639879),
     # A disk already past the bound: the unsigned limit wraps and prints as a negative number.
     ("open limits past the MBR bound", ["-z", "8"], dict(MBR, llCurrentSize=2097024), below(8, 16, -1), 0),
-]
+] + [("size " + text, ["-z", text, "-rs", "y"], {"llMin": 0}, None, size)  # forms beyond the parser's unit test
+     for text, size in [("2gB", 2048), ("0tb", 0), ("+64", 64), ("0040", 40)]]
 
 
 def limit_case(name, argv, fields, refusal, size):
-    if refusal is None:
-        return Case("expand: " + name, expand("-d", "E", *argv), EXPANDED, S_OK, scenario=expanding(dict(VALID, **fields)),
-                    calls=[ENUM, LIMITS, EXPAND], check=expanded_by(size))
-    return Case("expand: " + name, expand("-d", "E", *argv), refusal, S_OK, scenario=expanding(dict(VALID, **fields)),
-                calls=[ENUM, LIMITS])
+    grows = refusal is None
+    return Case("expand: " + name, expand("-d", "E", *argv), EXPANDED if grows else refusal, S_OK,
+                scenario=expanding(dict(VALID, **fields)), calls=[ENUM, LIMITS] + [EXPAND] * grows,
+                check=expanded_by(size) if grows else None)
 
 
 EXPAND_CASES = [
@@ -263,12 +261,9 @@ EXPAND_CASES = [
          E_INVALIDARG, scenario=expanding(), calls=[]),
     Case("expand: nothing given reports the size first", expand(), usage(MSG_USAGE_SIZE, EXPAND_USAGE), E_INVALIDARG,
          scenario=expanding(), calls=[]),
-] + [limit_case(*row) for row in LIMIT_RUNS] + [
-    Case("expand: size %s" % text, expand("-d", "E", "-z", text, "-rs", "y"), EXPANDED, S_OK,
-         scenario=expanding(dict(VALID, llMin=0)), calls=[ENUM, LIMITS, EXPAND], check=expanded_by(size))
-    for text, size in SIZES
-] + refusals("expand: limits", expand("-d", "E", "-z", "16"), MSG_EXPAND_DISK_FAILED,
-             lambda r: expanding(GetExpandLimits=r), calls=[ENUM, LIMITS]) + refusals(
+] + [limit_case(*row) for row in LIMIT_RUNS] + refusals(
+    "expand: limits", expand("-d", "E", "-z", "16"), MSG_EXPAND_DISK_FAILED,
+    lambda r: expanding(GetExpandLimits=r), calls=[ENUM, LIMITS]) + refusals(
     "expand: expansion", expand("-d", "E", "-z", "16"), MSG_EXPAND_DISK_FAILED,
     lambda r: expanding(grown=dict(r, disk=GROWN)), calls=[ENUM, LIMITS, EXPAND]) + [
     # The size is examined before the disk is named: nothing is asked of the service.

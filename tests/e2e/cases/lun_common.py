@@ -86,10 +86,12 @@ def usage_faults(label, argv, text, faults, **fields):
 
 
 def refusals(label, argv, message, make, before="", code=BUSY, description="refused", calls=None):
-    """One call refused with the service's explanation (and what was printed before stays), and without one."""
-    return [Case(label + " refused with an explanation", argv, before + alert(message, code, description=description),
+    """One call refused with the service's explanation, and without one; what was printed before (a text, or a
+    function of the code) stays."""
+    ahead = before if callable(before) else lambda hr: before
+    return [Case(label + " refused with an explanation", argv, ahead(code) + alert(message, code, description=description),
                  code, scenario=make(failing(code, description)), calls=calls),
-            Case(label + " refused without an explanation", argv, before + alert(message, E_ACCESSDENIED),
+            Case(label + " refused without an explanation", argv, ahead(E_ACCESSDENIED) + alert(message, E_ACCESSDENIED),
                  E_ACCESSDENIED, scenario=make(failing(E_ACCESSDENIED)), calls=calls)]
 
 

@@ -63,18 +63,19 @@ CASES = [
     Case("one drive, sink lines", BASE, WAIT + EVENT_LINES + completion(), S_OK, scenario=answer(CREATE, events=EVENTS),
          check=sent(["E"])),
     Case("-x: only the listed LUNs", BASE + ["-x"], OK, S_OK, check=sent(["E"], all_luns=False)),
-    *[Case("-u " + label, BASE + extra, OK, S_OK, check=sent(["E"], update=update)) for label, extra, update in UPDATE_FLAGS],
-    Case("mount points as typed, in order, duplicates kept",
-         ["snap", "create", "-s", "nightly", "-D", "E", "F:", "C:\\mnt\\data", "E", "G:\\", "C:\\mnt\\logs\\"], OK, S_OK,
-         check=sent(["E", "F:", "C:\\mnt\\data", "E", "G:\\", "C:\\mnt\\logs\\"])),
-    Case("-D given twice: both lists", ["snap", "create", "-D", "E", "-s", "nightly", "-D", "F"], OK, S_OK,
-         check=sent(["E", "F"])),
+    *[Case("-u " + label, BASE + extra, OK, S_OK, check=sent(["E"], update=update))
+      for label, extra, update in UPDATE_FLAGS],
+    Case("mount points as typed, in order, duplicates kept, -D twice",
+         ["snap", "create", "-D", "E", "F:", "C:\\mnt\\data", "-s", "nightly", "-D", "E", "G:\\", "C:\\mnt\\logs\\"], OK,
+         S_OK, check=sent(["E", "F:", "C:\\mnt\\data", "E", "G:\\", "C:\\mnt\\logs\\"])),
     Case("many mount points", ["snap", "create", "-s", "nightly", "-D"] + MANY, OK, S_OK, check=sent(MANY)),
     Case("non-ASCII name and mount points", ["snap", "create", "-s", "nächtlich-快照", "-D", "Ö:", "C:\\Dätä\\東京"],
-         WAIT + "C:\\Dätä\\東京 : %s\nnächtlich-快照 : Ready to create snapshot copy\n" % msg(5014) + completion(), S_OK,
+         WAIT + "C:\\Dätä\\東京 : %s\nnächtlich-快照 : Ready to create snapshot copy\n" % msg(5014) + completion(),
+         S_OK,
          scenario=answer(CREATE, events=progress("C:\\Dätä\\東京", 3) + [ready("nächtlich-快照")]),
          check=sent(["Ö:", "C:\\Dätä\\東京"], name="nächtlich-快照")),
-    *[Case(label, ["snap", "create", "-s", name, "-D", "E"], OK, S_OK, check=sent(["E"], name=name)) for label, name in NAMES],
+    *[Case(label, ["snap", "create", "-s", name, "-D", "E"], OK, S_OK, check=sent(["E"], name=name))
+      for label, name in NAMES],
     Case("unknown event code and a nameless ready event", BASE, WAIT + "E : \n : Ready to create snapshot copy\n"
          + completion(), S_OK, scenario=answer(CREATE, events=progress("E", 99) + [{"event": "ReadyToCreate"}])),
     # The name's characters are checked before anything reaches the service, and before the list.

@@ -1,8 +1,8 @@
 """snap restore, restore_volume_check (every reason the service gives) and restore_volume."""
 
-from cases.lun_common import (BUSY, E_ACCESSDENIED, LOCAL_MACHINE, WAIT, answer, failing, lacking, not_called, only, progress,
-                              refusals, unreachable, usage_faults)
-from harness import E_INVALIDARG, S_OK, Case, alert, completion, msg
+from cases.lun_common import (BUSY, E_ACCESSDENIED, LOCAL_MACHINE, WAIT, answer, failing, lacking, not_called, only,
+                              progress, refusals, unreachable, usage_faults)
+from harness import S_OK, Case, alert, completion, msg
 
 MSG_VOLUME_RESTORE_FAILED = 5067
 MSG_RESTORE_FAILED = 5115
@@ -35,10 +35,10 @@ VOLUME = "ISnapShotVolumeRestore.RestoreVolume"
 
 # (name, argv after "snap restore", request)
 RESTORE_RUNS = [
-    ("drive letter", ["-d", "E", "-s", "nightly.1"], {"mountPoint": "E", "snapshotName": "nightly.1"}),
+    ("drive letter, a stray word is skipped", ["stray", "-d", "E", "-s", "nightly.1"],
+     {"mountPoint": "E", "snapshotName": "nightly.1"}),
     ("non-ASCII snapshot and folder mount point", ["-d", "C:\\Dätä\\снимок", "-s", "Sicherung-Ü.東"],
      {"mountPoint": "C:\\Dätä\\снимок\\", "snapshotName": "Sicherung-Ü.東"}),
-    ("a stray word is skipped", ["stray", "-d", "E", "-s", "n"], {"mountPoint": "E", "snapshotName": "n"}),
 ]
 RESTORE_FAULTS = [("both missing: -s first", [], 5600), ("-s missing", ["-d", "E"], 5600), ("-d missing", ["-s", "a"], 5602)]
 RESTORE_LINES = "E:\\ : %s\nE:\\ : %s\n" % (msg(5022), msg(5023))
@@ -89,13 +89,12 @@ def check_answer(result=None, files=None, newer=None, unbroken=False, state=0, d
     return answer(CHECK, **response)
 
 
-FILES = [("readme.txt", "/vol/sql_data/readme.txt"), ("backup.bak", "/vol/sql_data/dumps/backup.bak")]
+FILES = [("readme.txt", "/vol/sql_data/readme.txt"), ("Dätä-東.txt", "/vol/sql_data/снимок/Dätä-東.txt")]
 ONE_FILE = [("notes", "/vol/sql_data/notes")]
-NEWER = [("nightly.0", False, True, None), ("nightly.1", True, True, "lun_test"), ("hourly.5", True, False, None)]
+NEWER = [("nightly.0", False, True, None), ("nightly.1", True, True, "lun_test"), ("hourly.5", True, False, None),
+         ("Sicherung-Ü.東", True, True, "klon-Ü")]
 ONE_NEWER = [("nightly.1", True, False, "busy,snapmirror")]
 MANY_NEWER = [("hourly.%d" % i, i % 2 == 0, i % 3 == 0, "clone_%d" % i if i % 4 == 0 else None) for i in range(60)]
-NON_ASCII_FILES = [("Dätä-東.txt", "/vol/sql_data/снимок/Dätä-東.txt")]
-NON_ASCII_NEWER = [("Sicherung-Ü.東", True, True, "klon-Ü")]
 # (name, scenario, expected output before the alert or the completion, status)
 CHECK_RUNS = [
     ("the volume can be restored", check_answer(), CAN_RESTORE, S_OK),
@@ -110,19 +109,14 @@ CHECK_RUNS = [
     ("one newer snapshot copy", check_answer(NEWER_SNAPSHOTS, newer=ONE_NEWER), newer_text(ONE_NEWER), NEWER_SNAPSHOTS),
     ("no newer snapshot copy still prints the plural heading", check_answer(NEWER_SNAPSHOTS, newer=[]),
      "\nThere are 0 snapshot copy copies that are newer than the specified snapshot copy.\n\n", NEWER_SNAPSHOTS),
-    ("a busy copy with an empty dependency gets no dependency line",
-     check_answer(NEWER_SNAPSHOTS, newer=[("n", True, True, "")]), newer_text([("n", True, True, None)]),
-     NEWER_SNAPSHOTS),
-    ("an idle copy with a dependency gets no dependency line",
-     check_answer(NEWER_SNAPSHOTS, newer=[("n", False, True, "clone")]), newer_text([("n", False, True, None)]),
-     NEWER_SNAPSHOTS),
+    ("a dependency line only for a busy copy with a dependency",
+     check_answer(NEWER_SNAPSHOTS, newer=[("n", True, True, ""), ("m", False, True, "clone")]),
+     newer_text([("n", True, True, None), ("m", False, True, None)]), NEWER_SNAPSHOTS),
     ("many newer snapshot copies", check_answer(NEWER_SNAPSHOTS, newer=MANY_NEWER), newer_text(MANY_NEWER),
      NEWER_SNAPSHOTS),
     ("both reasons: files first, then newer copies, after the mirror state",
      check_answer(BOTH_REASONS, files=FILES, newer=NEWER, unbroken=True, state=2),
      mirror_line("transferring") + files_text(FILES) + newer_text(NEWER), BOTH_REASONS),
-    ("both reasons with non-ASCII names", check_answer(BOTH_REASONS, files=NON_ASCII_FILES, newer=NON_ASCII_NEWER),
-     files_text(NON_ASCII_FILES) + newer_text(NON_ASCII_NEWER), BOTH_REASONS),
     ("only the mirror state refuses", check_answer(E_ACCESSDENIED, files=FILES, newer=NEWER, unbroken=True, state=0),
      mirror_line("do not know"), E_ACCESSDENIED),
     ("another code prints no list", check_answer(BUSY, files=FILES, newer=NEWER), "", BUSY),
@@ -147,10 +141,10 @@ CASES = (
     + refusals("restore", ["snap", "restore", "-d", "E", "-s", "n"], MSG_RESTORE_FAILED,
                lambda r: answer(RESTORE, events=progress("E:\\", 12), **r), before=WAIT + "E:\\ : %s\n" % msg(5022),
                calls=[RESTORE])
-    + unreachable("restore", "SnapShotService", ["snap", "restore"], ["snap", "restore", "-m", "host2", "-d", "E", "-s", "n"])
-    + [Case("help restore", ["snap", "help", "restore"], RESTORE_USAGE, E_INVALIDARG)]
-    + [Case("check: " + name, CHECK_ARGV, before + (completion() if status == S_OK else alert(MSG_VOLUME_RESTORE_FAILED, status)),
-            status, scenario=scenario, check=only(CHECK, CHECK_REQUEST)) for name, scenario, before, status in CHECK_RUNS]
+    + unreachable("restore", "SnapShotService", ["snap", "restore"], ["snap", "restore", "-m", "h2", "-d", "E", "-s", "n"])
+    + [Case("check: " + name, CHECK_ARGV,
+            before + (completion() if status == S_OK else alert(MSG_VOLUME_RESTORE_FAILED, status)), status,
+            scenario=scenario, check=only(CHECK, CHECK_REQUEST)) for name, scenario, before, status in CHECK_RUNS]
     + [
         Case("check: refused with the service's explanation", CHECK_ARGV,
              files_text(ONE_FILE) + alert(MSG_VOLUME_RESTORE_FAILED, NON_LUN_FILES, description="files on the volume"),
