@@ -1,18 +1,16 @@
 """snap restore, restore_volume_check (every reason the service gives) and restore_volume."""
 
-from harness import E_INVALIDARG, REGDB_E_CLASSNOTREG, S_OK, Case, alert, completion, msg
+from cases.lun_common import (BUSY, E_ACCESSDENIED, LOCAL_MACHINE, WAIT, answer, failing, lacking, not_called, only,
+                              progress, refusals, unreachable, usage_faults)
+from harness import S_OK, Case, alert, completion, msg
 
-MSG_SERVICE_UNAVAILABLE = 5108
 MSG_VOLUME_RESTORE_FAILED = 5067
 MSG_RESTORE_FAILED = 5115
-E_ACCESSDENIED = 0x80070005
 NON_LUN_FILES = 0xC00403EE
 NEWER_SNAPSHOTS = 0xC00403F6
 BOTH_REASONS = 0xC00403F8
-SNAPSHOT_BUSY = 0xC0040410
+NO_CALL = not_called("SnapShotService")
 
-WAIT = msg(5120).replace("\n", "\r\n")
-LOCAL_MACHINE = "If the machine name is not specified the command is executed on a local machine.\n"
 RESTORE_USAGE = (
     "cvcli snap restore [-m <MachineName>] -d <MountPoint> -s <SnapshotName>\n"
     "Restores a LUN  from a  snapshot copy.\n" + LOCAL_MACHINE
@@ -33,62 +31,16 @@ RESTORE = "ISnapShotManage.RestoreSnapshot"
 CHECK = "ISnapShotVolumeRestore.CheckVolumeRestore"
 VOLUME = "ISnapShotVolumeRestore.RestoreVolume"
 
-
-def usage(message_id, text):
-    return "\n%s ...\n\n" % msg(message_id) + text
-
-
-def sent(method, request, sinks=()):
-    """The one call that reached the service, its request, and the event interfaces advised (and given back)."""
-    def check(result):
-        calls = [e for e in result.events if e.get("event") == "call"]
-        assert [c["method"] for c in calls] == [method], "calls %r" % result.calls()
-        assert calls[0]["request"] == request, "request %r" % calls[0]["request"]
-        advised = sorted(e["interface"] for e in result.events if e.get("event") == "advise")
-        unadvised = sorted(e["interface"] for e in result.events if e.get("event") == "unadvise")
-        assert advised == sorted(sinks) and unadvised == advised, "advised %r unadvised %r" % (advised, unadvised)
-    return check
-
-
-def not_called(result):
-    """The service object was created (before the switches were checked) and nothing was asked of it."""
-    assert result.created() == ["SnapShotService"], "created %r" % result.created()
-    assert result.calls() == [], "calls %r" % result.calls()
-
-
-def progress(subject, code):
-    return {"event": "ProgressMessage", "subject": subject, "code": code}
-
-
-def answer(method, **response):
-    return {"methods": {method: response}}
-
-
 # restore ---------------------------------------------------------------------------------------------------------
 
+# (name, argv after "snap restore", request)
 RESTORE_RUNS = [
-    # (name, argv after "snap restore", request)
-    ("drive letter", ["-d", "E", "-s", "nightly.1"], {"mountPoint": "E", "snapshotName": "nightly.1"}),
-    ("drive with colon", ["-s", "nightly.1", "-d", "E:"], {"mountPoint": "E", "snapshotName": "nightly.1"}),
-    ("folder mount point", ["-d", "C:\\mnt\\logs", "-s", "hourly.5"],
-     {"mountPoint": "C:\\mnt\\logs\\", "snapshotName": "hourly.5"}),
-    ("non-ASCII snapshot and mount point", ["-d", "C:\\Dätä\\снимок", "-s", "Sicherung-Ü.東"],
+    ("drive letter, a stray word is skipped", ["stray", "-d", "E", "-s", "nightly.1"],
+     {"mountPoint": "E", "snapshotName": "nightly.1"}),
+    ("non-ASCII snapshot and folder mount point", ["-d", "C:\\Dätä\\снимок", "-s", "Sicherung-Ü.東"],
      {"mountPoint": "C:\\Dätä\\снимок\\", "snapshotName": "Sicherung-Ü.東"}),
-    ("a stray word is skipped", ["stray", "-d", "E", "-s", "n"], {"mountPoint": "E", "snapshotName": "n"}),
 ]
-
-RESTORE_FAULTS = [
-    ("-s missing", ["-d", "E"], 5600),
-    ("both missing: -s first", [], 5600),
-    ("-s twice", ["-d", "E", "-s", "a", "-s", "b"], 5600),
-    ("-s without a value", ["-d", "E", "-s"], 5600),
-    ("-S is not -s", ["-d", "E", "-S", "a"], 5600),
-    ("-d missing", ["-s", "a"], 5602),
-    ("-d with two values", ["-s", "a", "-d", "E", "F"], 5602),
-    ("-d without a value", ["-s", "a", "-d"], 5602),
-]
-
-RESTORE_EVENTS = [progress("E:\\", 12), progress("E:\\", 13)]
+RESTORE_FAULTS = [("both missing: -s first", [], 5600), ("-s missing", ["-d", "E"], 5600), ("-d missing", ["-s", "a"], 5602)]
 RESTORE_LINES = "E:\\ : %s\nE:\\ : %s\n" % (msg(5022), msg(5023))
 
 # restore_volume_check -------------------------------------------------------------------------------------------
@@ -126,40 +78,23 @@ def newer_text(snapshots):
     return text
 
 
-def file_records(files):
-    return [{"wszFileName": name, "wszFilePath": path} for name, path in files]
-
-
-def newer_records(snapshots):
-    return [{"wszName": name, "bBusy": busy, "bConsistent": consistent, "wszDependency": dependency}
-            for name, busy, consistent, dependency in snapshots]
-
-
 def check_answer(result=None, files=None, newer=None, unbroken=False, state=0, description=None):
     response = {"mirror": {"bIsUnbrokenDestination": unbroken, "dwMirrorState": state}}
     if result is not None:
-        response["result"] = hex(result)
-    if description is not None:
-        response["errorDescription"] = description
+        response.update(failing(result, description))
     if files is not None:
-        response["files"] = file_records(files)
+        response["files"] = [{"wszFileName": name, "wszFilePath": path} for name, path in files]
     if newer is not None:
-        response["newer"] = newer_records(newer)
+        response["newer"] = [{"wszName": n, "bBusy": b, "bConsistent": c, "wszDependency": d} for n, b, c, d in newer]
     return answer(CHECK, **response)
 
 
-FILES = [("readme.txt", "/vol/sql_data/readme.txt"), ("backup.bak", "/vol/sql_data/dumps/backup.bak")]
+FILES = [("readme.txt", "/vol/sql_data/readme.txt"), ("Dätä-東.txt", "/vol/sql_data/снимок/Dätä-東.txt")]
 ONE_FILE = [("notes", "/vol/sql_data/notes")]
-NEWER = [("nightly.0", False, True, None), ("nightly.1", True, True, "lun_test"), ("hourly.5", True, False, None)]
+NEWER = [("nightly.0", False, True, None), ("nightly.1", True, True, "lun_test"), ("hourly.5", True, False, None),
+         ("Sicherung-Ü.東", True, True, "klon-Ü")]
 ONE_NEWER = [("nightly.1", True, False, "busy,snapmirror")]
 MANY_NEWER = [("hourly.%d" % i, i % 2 == 0, i % 3 == 0, "clone_%d" % i if i % 4 == 0 else None) for i in range(60)]
-NON_ASCII_FILES = [("Dätä-東.txt", "/vol/sql_data/снимок/Dätä-東.txt")]
-NON_ASCII_NEWER = [("Sicherung-Ü.東", True, True, "klon-Ü")]
-
-STATE_WORDS = [(1, "idle"), (2, "transferring"), (3, "pending"), (4, "aborting"), (5, "migrating"), (6, "quiescing"),
-               (7, "resyncing"), (8, "waiting"), (9, "syncing"), (10, "in-sync"), (11, "unrecognized"),
-               (0, "do not know"), (12, "do not know"), (0xFFFFFFFF, "do not know")]
-
 # (name, scenario, expected output before the alert or the completion, status)
 CHECK_RUNS = [
     ("the volume can be restored", check_answer(), CAN_RESTORE, S_OK),
@@ -171,120 +106,61 @@ CHECK_RUNS = [
     ("one non-LUN file", check_answer(NON_LUN_FILES, files=ONE_FILE), files_text(ONE_FILE), NON_LUN_FILES),
     ("no non-LUN file still prints the plural heading", check_answer(NON_LUN_FILES, files=[]),
      "\nThere are 0 non-LUN files in the volume.\n\n", NON_LUN_FILES),
-    ("newer snapshot copies", check_answer(NEWER_SNAPSHOTS, files=FILES, newer=NEWER), newer_text(NEWER),
-     NEWER_SNAPSHOTS),
     ("one newer snapshot copy", check_answer(NEWER_SNAPSHOTS, newer=ONE_NEWER), newer_text(ONE_NEWER), NEWER_SNAPSHOTS),
     ("no newer snapshot copy still prints the plural heading", check_answer(NEWER_SNAPSHOTS, newer=[]),
      "\nThere are 0 snapshot copy copies that are newer than the specified snapshot copy.\n\n", NEWER_SNAPSHOTS),
-    ("a busy copy with an empty dependency gets no dependency line",
-     check_answer(NEWER_SNAPSHOTS, newer=[("n", True, True, "")]), newer_text([("n", True, True, None)]),
-     NEWER_SNAPSHOTS),
-    ("an idle copy with a dependency gets no dependency line",
-     check_answer(NEWER_SNAPSHOTS, newer=[("n", False, True, "clone")]), newer_text([("n", False, True, None)]),
-     NEWER_SNAPSHOTS),
+    ("a dependency line only for a busy copy with a dependency",
+     check_answer(NEWER_SNAPSHOTS, newer=[("n", True, True, ""), ("m", False, True, "clone")]),
+     newer_text([("n", True, True, None), ("m", False, True, None)]), NEWER_SNAPSHOTS),
     ("many newer snapshot copies", check_answer(NEWER_SNAPSHOTS, newer=MANY_NEWER), newer_text(MANY_NEWER),
      NEWER_SNAPSHOTS),
     ("both reasons: files first, then newer copies, after the mirror state",
      check_answer(BOTH_REASONS, files=FILES, newer=NEWER, unbroken=True, state=2),
      mirror_line("transferring") + files_text(FILES) + newer_text(NEWER), BOTH_REASONS),
-    ("both reasons with non-ASCII names", check_answer(BOTH_REASONS, files=NON_ASCII_FILES, newer=NON_ASCII_NEWER),
-     files_text(NON_ASCII_FILES) + newer_text(NON_ASCII_NEWER), BOTH_REASONS),
     ("only the mirror state refuses", check_answer(E_ACCESSDENIED, files=FILES, newer=NEWER, unbroken=True, state=0),
      mirror_line("do not know"), E_ACCESSDENIED),
-    ("another code prints no list", check_answer(SNAPSHOT_BUSY, files=FILES, newer=NEWER), "", SNAPSHOT_BUSY),
-    ("S_FALSE is a failure without lists", check_answer(1, files=FILES, newer=NEWER), "", 1),
+    ("another code prints no list", check_answer(BUSY, files=FILES, newer=NEWER), "", BUSY),
 ] + [("mirror state %d" % state, check_answer(unbroken=True, state=state), mirror_line(word) + CAN_RESTORE, S_OK)
-     for state, word in STATE_WORDS]
+     for state, word in [(1, "idle"), (11, "unrecognized"), (0, "do not know"), (12, "do not know")]]
 
-
-def check_case(name, scenario, before, status):
-    after = completion() if status == S_OK else alert(MSG_VOLUME_RESTORE_FAILED, status)
-    return Case("check: " + name, CHECK_ARGV, before + after, status, scenario=scenario, check=sent(CHECK, CHECK_REQUEST))
-
-
-VOLUME_FAULTS = [
-    ("-f missing", ["-volume", "v", "-s", "n"], 5607),
-    ("everything missing: -f first", [], 5607),
-    ("-f twice", ["-f", "a", "-volume", "v", "-s", "n", "-f", "b"], 5607),
-    ("-f without a value", ["-volume", "v", "-s", "n", "-f"], 5607),
-    ("-volume missing", ["-f", "a", "-s", "n"], 5608),
-    ("-volume with two values", ["-f", "a", "-volume", "v", "w", "-s", "n"], 5608),
-    ("-s missing", ["-f", "a", "-volume", "v"], 5600),
-    ("-s twice", ["-f", "a", "-volume", "v", "-s", "n", "-s", "m"], 5600),
-]
-
+# One reader for both volume operations, -f, -volume, then -s; a switch twice or without a value is tried on snap delete.
+VOLUME_FAULTS = [("everything missing: -f first", [], 5607), ("-f missing", ["-volume", "v", "-s", "n"], 5607),
+                 ("-volume missing", ["-f", "a", "-s", "n"], 5608), ("-s missing", ["-f", "a", "-volume", "v"], 5600)]
 VOLUME_ARGV = ["snap", "restore_volume", "-f", "filer-east", "-volume", "sql_data", "-s", "nightly.2"]
 
 
-def volume_request(force):
-    request = dict(CHECK_REQUEST)
-    request["force"] = force
-    return request
+def restored(force):
+    return only(VOLUME, dict(CHECK_REQUEST, force=force))
 
 
 CASES = (
     [Case("restore: " + name, ["snap", "restore"] + argv, WAIT + RESTORE_LINES + completion(), S_OK,
-          scenario=answer(RESTORE, events=RESTORE_EVENTS), check=sent(RESTORE, request, ["_ISnapShotEvents"]))
+          scenario=answer(RESTORE, events=progress("E:\\", 12, 13)), check=only(RESTORE, request, ["_ISnapShotEvents"]))
      for name, argv, request in RESTORE_RUNS]
-    + [Case("restore: " + name, ["snap", "restore"] + argv, usage(message, RESTORE_USAGE), E_INVALIDARG, check=not_called)
-       for name, argv, message in RESTORE_FAULTS]
-    + [
-        Case("restore: from the demo scenario", ["snap", "restore", "-d", "E", "-s", "nightly.1"],
-             WAIT + RESTORE_LINES + completion(), S_OK, scenario="simulator/scenarios/demo.json", calls=[RESTORE]),
-        Case("restore refused with an explanation, earlier lines stay", ["snap", "restore", "-d", "E", "-s", "n"],
-             WAIT + "E:\\ : %s\n" % msg(5022) + alert(MSG_RESTORE_FAILED, SNAPSHOT_BUSY, description="LUN is busy"),
-             SNAPSHOT_BUSY, scenario=answer(RESTORE, result=hex(SNAPSHOT_BUSY), errorDescription="LUN is busy",
-                                            events=[progress("E:\\", 12)]),
-             check=sent(RESTORE, {"mountPoint": "E", "snapshotName": "n"}, ["_ISnapShotEvents"])),
-        Case("restore refused without an explanation", ["snap", "restore", "-d", "E", "-s", "n"],
-             WAIT + alert(MSG_RESTORE_FAILED, E_ACCESSDENIED), E_ACCESSDENIED,
-             scenario=answer(RESTORE, result=hex(E_ACCESSDENIED)), calls=[RESTORE]),
-        Case("restore: the service is refused before the switches are checked", ["snap", "restore"],
-             alert(MSG_SERVICE_UNAVAILABLE, E_ACCESSDENIED), E_ACCESSDENIED,
-             scenario={"classes": {"SnapShotService": {"createResult": hex(E_ACCESSDENIED)}}}),
-        Case("restore on another machine", ["snap", "restore", "-m", "host2", "-d", "E", "-s", "n"],
-             alert(MSG_SERVICE_UNAVAILABLE, REGDB_E_CLASSNOTREG), REGDB_E_CLASSNOTREG),
-        Case("help restore", ["snap", "help", "restore"], RESTORE_USAGE, E_INVALIDARG),
-    ]
-    + [check_case(name, scenario, before, status) for name, scenario, before, status in CHECK_RUNS]
+    + usage_faults("restore", ["snap", "restore"], RESTORE_USAGE, RESTORE_FAULTS, check=NO_CALL)
+    + refusals("restore", ["snap", "restore", "-d", "E", "-s", "n"], MSG_RESTORE_FAILED,
+               lambda r: answer(RESTORE, events=progress("E:\\", 12), **r), before=WAIT + "E:\\ : %s\n" % msg(5022),
+               calls=[RESTORE])
+    + unreachable("restore", "SnapShotService", ["snap", "restore"], ["snap", "restore", "-m", "h2", "-d", "E", "-s", "n"])
+    + [Case("check: " + name, CHECK_ARGV,
+            before + (completion() if status == S_OK else alert(MSG_VOLUME_RESTORE_FAILED, status)), status,
+            scenario=scenario, check=only(CHECK, CHECK_REQUEST)) for name, scenario, before, status in CHECK_RUNS]
     + [
         Case("check: refused with the service's explanation", CHECK_ARGV,
              files_text(ONE_FILE) + alert(MSG_VOLUME_RESTORE_FAILED, NON_LUN_FILES, description="files on the volume"),
              NON_LUN_FILES, scenario=check_answer(NON_LUN_FILES, files=ONE_FILE, description="files on the volume")),
-        Case("check: from the demo scenario", CHECK_ARGV,
-             newer_text([("nightly.0", False, True, None), ("nightly.1", True, True, "lun_test")])
-             + alert(MSG_VOLUME_RESTORE_FAILED, NEWER_SNAPSHOTS,
-                     description="Newer snapshot copies exist on volume sql_data"), NEWER_SNAPSHOTS,
-             scenario="simulator/scenarios/demo.json", calls=[CHECK]),
         Case("check: non-ASCII request", ["snap", "restore_volume_check", "-f", "filer-東", "-volume", "vol_Ü", "-s",
                                           "Sicherung-Ü.東"], CAN_RESTORE + completion(), S_OK,
-             check=sent(CHECK, {"storageSystem": "filer-東", "volume": "vol_Ü", "snapshotName": "Sicherung-Ü.東"})),
-        Case("check: the service is refused before the switches are checked", ["snap", "restore_volume_check"],
-             alert(MSG_SERVICE_UNAVAILABLE, E_ACCESSDENIED), E_ACCESSDENIED,
-             scenario={"classes": {"SnapShotService": {"createResult": hex(E_ACCESSDENIED)}}}),
-        Case("check on another machine", CHECK_ARGV + ["-m", "host2"], alert(MSG_SERVICE_UNAVAILABLE, REGDB_E_CLASSNOTREG),
-             REGDB_E_CLASSNOTREG),
-        Case("help restore_volume_check", ["snap", "help", "restore_volume_check"], CHECK_USAGE, E_INVALIDARG),
+             check=only(CHECK, {"storageSystem": "filer-東", "volume": "vol_Ü", "snapshotName": "Sicherung-Ü.東"})),
     ]
-    + [Case("check: " + name, ["snap", "restore_volume_check"] + argv, usage(message, CHECK_USAGE), E_INVALIDARG,
-            check=not_called) for name, argv, message in VOLUME_FAULTS]
-    + [Case("restore_volume: " + name, ["snap", "restore_volume"] + argv, usage(message, VOLUME_USAGE), E_INVALIDARG,
-            check=not_called) for name, argv, message in VOLUME_FAULTS]
+    + usage_faults("check", ["snap", "restore_volume_check"], CHECK_USAGE, VOLUME_FAULTS, check=NO_CALL)
+    + usage_faults("restore_volume", ["snap", "restore_volume"], VOLUME_USAGE, VOLUME_FAULTS[:1], check=NO_CALL)
     + [
-        Case("restore_volume", VOLUME_ARGV, completion(), S_OK, check=sent(VOLUME, volume_request(0))),
-        Case("restore_volume -force", VOLUME_ARGV + ["-force"], completion(), S_OK, check=sent(VOLUME, volume_request(1))),
-        Case("restore_volume from the demo scenario", VOLUME_ARGV, completion(), S_OK,
-             scenario="simulator/scenarios/demo.json", calls=[VOLUME]),
-        Case("restore_volume refused: no reasons are printed", VOLUME_ARGV,
-             alert(MSG_VOLUME_RESTORE_FAILED, BOTH_REASONS, description="newer copies and files"), BOTH_REASONS,
-             scenario=answer(VOLUME, result=hex(BOTH_REASONS), errorDescription="newer copies and files"),
-             check=sent(VOLUME, volume_request(0))),
-        Case("restore_volume -force refused without an explanation", VOLUME_ARGV + ["-force"],
-             alert(MSG_VOLUME_RESTORE_FAILED, E_ACCESSDENIED), E_ACCESSDENIED,
-             scenario=answer(VOLUME, result=hex(E_ACCESSDENIED)), check=sent(VOLUME, volume_request(1))),
-        Case("restore_volume: the class lacks the interface", VOLUME_ARGV,
-             alert(MSG_SERVICE_UNAVAILABLE, 0x80004002), 0x80004002,
-             scenario={"classes": {"SnapShotService": {"missingInterfaces": ["ISnapShotVolumeRestore"]}}}),
-        Case("help restore_volume", ["snap", "help", "restore_volume"], VOLUME_USAGE, E_INVALIDARG),
+        Case("restore_volume", VOLUME_ARGV, completion(), S_OK, check=restored(0)),
+        Case("restore_volume -force", VOLUME_ARGV + ["-force"], completion(), S_OK, check=restored(1)),
+        lacking("restore_volume", VOLUME_ARGV, "SnapShotService", "ISnapShotVolumeRestore"),
     ]
+    # The service's reasons are not printed by restore_volume.
+    + refusals("restore_volume", VOLUME_ARGV, MSG_VOLUME_RESTORE_FAILED, lambda r: answer(VOLUME, **r), code=BOTH_REASONS,
+               description="newer copies and files", calls=[VOLUME])
 )
