@@ -1,7 +1,4 @@
-"""Builders shared by the host case files (fcp, hyperv, igroup, iscsi, preferred_ip, transport_protocol).
-
-No CASES: the loader skips this module.
-"""
+"""Builders shared by the host case files (fcp, hyperv, igroup, iscsi, preferred_ip, transport_protocol); no CASES."""
 
 import re
 
@@ -16,13 +13,11 @@ NO_SINK = {"classes": {"VirtualDiskService": {"missingInterfaces": ["_IVirtualDi
 
 
 def usage(message_id, text):
-    """An operation's usage fault: the message, then the operation's usage text."""
     return "\n%s ...\n\n" % msg(message_id) + text
 
 
 def local_error(message_id):
-    # FormatMessageW gives the message's line end back as CR LF.
-    return msg(message_id).replace("\n", "\r\n")
+    return msg(message_id).replace("\n", "\r\n")  # FormatMessageW ends the message's lines with CR LF
 
 
 def nothing_created(result):
@@ -34,10 +29,8 @@ def nothing_called(result):
 
 
 def failing(method, hr, description=None, **data):
-    """A scenario in which `method` fails with hr (and a description), answering `data` all the same."""
-    response = dict(data, result=hex(hr))
-    if description is not None:
-        response["errorDescription"] = description
+    """`method` fails with hr (and a description), answering `data` all the same."""
+    response = dict(data, result=hex(hr), **({} if description is None else {"errorDescription": description}))
     return {"methods": {method: response}}
 
 
@@ -45,29 +38,22 @@ def requests(result, method):
     return [e["request"] for e in result.events if e.get("event") == "call" and e.get("method") == method]
 
 
-def sent(method, **expected):
-    """`method` was called once, its request holding these fields (nested records compared whole)."""
+def sent(method, *checks, **expected):
+    """`method` was called once with these request fields (records compared whole); then the other checks."""
     def check(result):
         found = requests(result, method)
         assert len(found) == 1, "calls of %s: %r" % (method, found)
         for key, value in expected.items():
             assert found[0].get(key) == value, "%s.%s: %r, expected %r" % (method, key, found[0].get(key), value)
-    return check
-
-
-def both(*checks):
-    def check(result):
-        for c in checks:
-            c(result)
+        for other in checks:
+            other(result)
     return check
 
 
 def no_password(password):
     """The password is in neither stream nor, in clear, in the call log (which holds its digest)."""
     def check(result):
-        for stream in (result.stdout, result.stderr):
-            assert password.encode("utf-8") not in stream and password.encode("utf-16-le") not in stream, \
-                "the password was printed"
+        assert password.encode("utf-8") not in result.stdout + result.stderr, "the password was printed"
         assert password not in str(result.events), "the password reached the call log in clear"
     return check
 
@@ -83,21 +69,17 @@ def failure_line(text, hr):
 
 
 def usage_cases(label, argv, text, rows, check=nothing_created):
-    """One case per (what, extra arguments, message id[, what comes before]): the usage fault, nothing created."""
+    """One case per (what, extra arguments, message id[, what comes before]): the usage fault."""
     return [Case("%s: %s" % (label, row[0]), argv + row[1], "".join(row[3:]) + usage(row[2], text), E_INVALIDARG,
                  check=check) for row in rows]
 
 
 def refusals(label, argv, method, message_id=None, output=None, data=None, others=None, **kw):
-    """`method` refused with a description and without one: the alert (or output(hr, description)) and its status.
+    """`method` refused with a description and without: output(hr, description), by default the alert, and hr.
 
-    `data` is answered with the failure all the same (none of it may show); `others` answers the other methods."""
+    It answers `data` all the same (none of it may show); `others` answers the other methods."""
     output = output or (lambda hr, description: alert(message_id, hr, description=description))
-
-    def scenario(hr, description):
-        methods = dict(others or {})
-        methods.update(failing(method, hr, description, **(data or {}))["methods"])
-        return {"methods": methods}
-    return [Case("%s: refused %s" % (label, what), argv, output(hr, description), hr, scenario=scenario(hr, description),
-                 **kw) for what, hr, description in [("with an explanation", BUSY, "busy: try later"),
-                                                     ("without an explanation", E_ACCESSDENIED, None)]]
+    return [Case("%s: refused %s" % (label, what), argv, output(hr, description), hr, **kw, scenario={
+        "methods": dict(others or {}, **failing(method, hr, description, **(data or {}))["methods"])})
+        for what, hr, description in [("with an explanation", BUSY, "busy: try later"),
+                                      ("without an explanation", E_ACCESSDENIED, None)]]

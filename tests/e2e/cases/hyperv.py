@@ -73,22 +73,21 @@ DATA = vhd("V:\\vms\\web-01\\data.vhdx", "W:\\")
 DATA_TEXT = disk("V:\\vms\\web-01\\data.vhdx", "W:\\")
 
 CASES = [
-    Case("one machine, two disks, without -detail", LIST, head() + disk(boot=True) + "\n" + DATA_TEXT + "\n" + completion(),
-         S_OK, scenario=machines(vm(vhds=[vhd(boot=True), DATA])), calls=[METHOD], check=asked(0)),
+    Case("one machine, two disks, without -detail: no LUN record", LIST,
+         head() + disk(boot=True) + "\n" + DATA_TEXT + "\n" + completion(), S_OK,
+         scenario=machines(vm(vhds=[vhd(boot=True), dict(DATA, pLun=lun())])), calls=[METHOD], check=asked(0)),
     Case("-detail: only the second disk lies on a LUN", DETAIL,
          head() + disk("V:\\local.vhdx", "C:\\") + disk(boot=True) + LUN_TEXT + completion(), S_OK,
          scenario=machines(vm(vhds=[vhd("V:\\local.vhdx", "C:\\"), vhd(boot=True, on_lun=lun())])), check=asked(1)),
 ] + [
     Case(name, argv, expected + completion(), S_OK, scenario=machines(*records)) for name, argv, expected, records in [
-        ("without -detail a LUN record is not printed", LIST, head() + disk() + "\n", [vm(vhds=[vhd(on_lun=lun())])]),
-        ("-detail: LUN fields at their other values", DETAIL, head() + disk() + lun_text(
-            ("Yes", "No"), ("1073741824", "5120"), ("GUID Partition Table (GPT)", "Master Boot Record (MBR)"),
-            ("W9kLm2QpRstC", "")),
-         [vm(vhds=[vhd(on_lun=lun(bShared=False, llSize=5120, dwPartitionStyle=1, szSerialNumber=None))])]),
-        ("-detail: raw and unknown partition styles, a size whose low half is negative", DETAIL,
-         head() + disk() + lun_text(("GUID Partition Table (GPT)", "Raw"), ("1073741824", "-1"))
+        ("-detail: LUN fields at their other values, raw and unknown partition styles", DETAIL, head()
+         + disk() + lun_text(("Yes", "No"), ("1073741824", "5120"), ("W9kLm2QpRstC", ""),
+                             ("GUID Partition Table (GPT)", "Master Boot Record (MBR)"))
+         + disk() + lun_text(("GUID Partition Table (GPT)", "Raw"), ("1073741824", "-1"))  # the low half is negative
          + disk() + lun_text(("GUID Partition Table (GPT)", "Unknown")),
-         [vm(vhds=[vhd(on_lun=lun(dwPartitionStyle=3, llSize=0xFFFFFFFF)), vhd(on_lun=lun(dwPartitionStyle=7))])]),
+         [vm(vhds=[vhd(on_lun=lun(bShared=False, llSize=5120, dwPartitionStyle=1, szSerialNumber=None)),
+                   vhd(on_lun=lun(dwPartitionStyle=3, llSize=0xFFFFFFFF)), vhd(on_lun=lun(dwPartitionStyle=7))])]),
         ("-detail: no disk on a LUN prints no LUN block and no empty line", DETAIL,
          head() + disk() + head("db-01", "Off"), [vm(vhds=[vhd()]), vm("db-01", 3)]),
         ("empty paths are not available", LIST, (head() + (disk("Not Available", "Not Available") + "\n") * 2),

@@ -3,23 +3,13 @@
 import copy
 
 from harness import password_digest, E_INVALIDARG, S_OK, Case, alert, completion
-from cases.host_common import (E_ACCESSDENIED, LOCAL, MSG_SERVICE_UNAVAILABLE, both, failing, local_error, no_password,
+from cases.host_common import (E_ACCESSDENIED, LOCAL, MSG_SERVICE_UNAVAILABLE, failing, local_error, no_password,
                                nothing_created, refusals, requests, sent, usage_cases)
 
-MSG_MULTI_SESSION_QUERY_FAILED = 5368
-MSG_LIST_TARGETS_FAILED = 5378
-MSG_LIST_SESSIONS_FAILED = 5380
-MSG_ESTABLISH_SESSION_FAILED = 5387
-MSG_TERMINATE_SESSION_FAILED = 5388
-MSG_DISCONNECT_TARGET_FAILED = 5389
-MSG_INVALID_IP_PORT = 5307
-MSG_USAGE_STORAGE_SYSTEM = 5607
-MSG_USAGE_SESSIONS = 5634
-MSG_USAGE_TARGET_NAME = 5635
-MSG_USAGE_TARGET_PORTAL = 5636
-MSG_USAGE_SESSION_ID = 5637
-MSG_SESSION_EXISTS = 6016
-MSG_MULTIPLE_SESSIONS_NOT_SUPPORTED = 6017
+MSG_INVALID_IP_PORT, MSG_MULTI_SESSION_QUERY_FAILED = 5307, 5368
+MSG_LIST_TARGETS_FAILED, MSG_LIST_SESSIONS_FAILED = 5378, 5380
+MSG_ESTABLISH_SESSION_FAILED, MSG_TERMINATE_SESSION_FAILED, MSG_DISCONNECT_TARGET_FAILED = 5387, 5388, 5389
+MSG_SESSION_EXISTS, MSG_MULTIPLE_SESSIONS_NOT_SUPPORTED = 6016, 6017
 E_NOINTERFACE = 0x80004002
 
 LIST_USAGE = (
@@ -51,11 +41,10 @@ DISCONNECT_USAGE = (
 )
 
 
-def methods(**scripted):
-    return {"methods": {name.replace("__", "."): value for name, value in scripted.items()}}
+def listed(targets, method="IIscsi.ListSessions"):
+    return {"methods": {method: {"targets": targets}}}
 
 
-# ---------------------------------------------------------------------------
 # iscsi_initiator list
 
 def portal(number, port=None, mask=15):
@@ -140,7 +129,7 @@ def without_bit(path, bit):
         record = record[step]
     assert record["dwMask"] & bit
     record["dwMask"] &= ~bit
-    return methods(IIscsi__ListSessions={"targets": targets})
+    return listed(targets)
 
 
 def listing_without(gone):
@@ -156,32 +145,29 @@ def listing_without(gone):
 LIST = ["iscsi_initiator", "list", "-s"]
 LIST_CASES = [
     Case("list: every field present", LIST, FULL_LIST + completion(), S_OK,
-         scenario=methods(IIscsi__ListSessions={"targets": FULL_TARGETS}), calls=["IIscsi.ListSessions"],
+         scenario=listed(FULL_TARGETS), calls=["IIscsi.ListSessions"],
          check=sent("IIscsi.ListSessions", machineName=None)),
     Case("list: no sessions", LIST, "\t0 connected iSCSI target(s):\n" + completion(), S_OK, calls=["IIscsi.ListSessions"]),
     Case("list: -s with a value still lists", LIST + ["all"], same_as="list: no sessions"),
     Case("list: every mask clear", LIST, "\t1 connected iSCSI target(s):\n" + completion(), S_OK,
-         scenario=methods(IIscsi__ListSessions={"targets": [dict(FULL_TARGETS[0], dwMask=0)]})),
+         scenario=listed([dict(FULL_TARGETS[0], dwMask=0)])),
     Case("list: an HBA of another initiator type is not shown", LIST, listing_without(BITS[4][3]) + completion(), S_OK,
-         scenario=methods(IIscsi__ListSessions={"targets": [
-             dict(FULL_TARGETS[0], pSessions=[dict(SESSION1, dwInitiatorType=2), FULL_TARGETS[0]["pSessions"][1]]),
-             FULL_TARGETS[1]]})),
+         scenario=listed([dict(FULL_TARGETS[0], pSessions=[dict(SESSION1, dwInitiatorType=2),
+                                                           FULL_TARGETS[0]["pSessions"][1]]), FULL_TARGETS[1]])),
     Case("list: a name the service left out, a non-ASCII name", LIST,
          "\t1 connected iSCSI target(s):\n\t\tTarget name: iqn.2024-01.jp.東京:ü\n\t\t1 iSCSI session(s):\n"
          "\t\t\tMicrosoft iSCSI service\n\t\t\t\tiSCSI HBA name: (null)\n" + completion(), S_OK,
-         scenario=methods(IIscsi__ListSessions={"targets": [
-             {"dwMask": 5, "wszTargetName": "iqn.2024-01.jp.東京:ü",
-              "pSessions": [{"dwMask": 4, "dwInitiatorType": 1, "hba": {"dwMask": 2, "wszName": None}}]}]})),
+         scenario=listed([{"dwMask": 5, "wszTargetName": "iqn.2024-01.jp.東京:ü", "pSessions": [
+             {"dwMask": 4, "dwInitiatorType": 1, "hba": {"dwMask": 2, "wszName": None}}]}])),
     Case("list: the service lacks the iSCSI interface", LIST, alert(MSG_SERVICE_UNAVAILABLE, E_NOINTERFACE), E_NOINTERFACE,
          scenario={"classes": {"VirtualDiskService": {"missingInterfaces": ["IIscsi"]}}}),
 ] + refusals("list", LIST, "IIscsi.ListSessions", MSG_LIST_SESSIONS_FAILED, data={"targets": FULL_TARGETS}) \
   + usage_cases("list", ["iscsi_initiator", "list"], LIST_USAGE, [
-    ("-s missing", [], MSG_USAGE_SESSIONS), ("-S is another switch", ["-S"], MSG_USAGE_SESSIONS)]) + [
+    ("-s missing", [], 5634), ("-S is another switch", ["-S"], 5634)]) + [
     Case("list: %s absent" % what, LIST, listing_without(gone) + completion(), S_OK, scenario=without_bit(path, bit))
     for what, path, bit, gone in BITS
 ]
 
-# ---------------------------------------------------------------------------
 # iscsi_initiator establish_session
 
 TARGET = "iqn.1992-08.com.corvane:sn.101202334"
@@ -222,7 +208,6 @@ def asked_about_this_computer(result):
     assert request["machineName"] and 0 < len(request["machineName"]) <= 15, "asked about %r" % request
 
 
-NO_CHAP = {"dwUseChap": 0, "wszName": None, "wszPassword": None}
 ESTABLISHED = ["IIscsi.ListSessions", "IIscsi.EstablishSession"]
 ASKED_HOST = ["IIscsi.ListSessions", "IInitiator.GetInitiatorCapabilities"]
 # What an existing session on the target leads to: refused as the same session, refused as a second one, made.
@@ -232,13 +217,12 @@ MADE = (completion(), S_OK, ESTABLISHED)
 
 ESTABLISH_CASES = [
     Case("establish: a first session", ESTABLISH, completion(), S_OK, calls=ESTABLISHED,
-         check=both(sent("IIscsi.ListSessions", machineName=None),
-                    sent("IIscsi.EstablishSession", machineName=None, targetName=TARGET, session=requested(),
-                         chap=NO_CHAP))),
+         check=sent("IIscsi.EstablishSession", sent("IIscsi.ListSessions", machineName=None), machineName=None,
+                    targetName=TARGET, session=requested(), chap={"dwUseChap": 0, "wszName": None, "wszPassword": None})),
     Case("establish: HBA, its portal and CHAP", ESTABLISH + ["-h", "2", "-hp", "3", "-c", "host1", "s3crét"],
          completion(), S_OK, calls=ESTABLISHED,
-         check=both(no_password("s3crét"), sent("IIscsi.EstablishSession", session=requested(hba_id=2, portal_id=3),
-                    chap={"dwUseChap": 1, "wszName": "host1", "wszPassword": password_digest("s3crét")}))),
+         check=sent("IIscsi.EstablishSession", no_password("s3crét"), session=requested(hba_id=2, portal_id=3),
+                    chap={"dwUseChap": 1, "wszName": "host1", "wszPassword": password_digest("s3crét")})),
     Case("establish: another portal, several sessions allowed", ESTABLISH, completion(), S_OK,
          scenario={"methods": host([session()])}, calls=ASKED_HOST + ["IIscsi.EstablishSession"],
          check=asked_about_this_computer),
@@ -276,15 +260,13 @@ ESTABLISH_CASES = [
         ("target port not reported", session(masks=(13, 15, 15, 9, 1))),
     ]
 ] + usage_cases("establish", ["iscsi_initiator", "establish_session"], ESTABLISH_USAGE, [
-    ("-t missing", ["-np", "10.20.1.11", "3260"], MSG_USAGE_TARGET_NAME),
-    ("-t without a value", ["-t", "-np", "10.20.1.11", "3260"], MSG_USAGE_TARGET_NAME),
-    ("-t twice", ["-t", "a", "-t", "b", "-np", "10.20.1.11", "3260"], MSG_USAGE_TARGET_NAME),
-    ("-t empty", ["-t", "", "-np", "10.20.1.11", "3260"], MSG_USAGE_TARGET_NAME),
-    ("-np missing", ["-t", TARGET], MSG_USAGE_TARGET_PORTAL),
-    ("-np without a port", ["-t", TARGET, "-np", "10.20.1.11"], MSG_USAGE_TARGET_PORTAL),
-    ("-np with three values", ["-t", TARGET, "-np", "10.20.1.11", "3260", "1"], MSG_USAGE_TARGET_PORTAL),
-    ("-np twice", ["-t", TARGET, "-np", "10.20.1.11", "3260", "-np", "10.20.1.12", "3260"], MSG_USAGE_TARGET_PORTAL),
-    ("a negative port reads as a switch", ["-t", TARGET, "-np", "10.20.1.11", "-1"], MSG_USAGE_TARGET_PORTAL),
+    ("-t missing", ["-np", "10.20.1.11", "3260"], 5635),
+    ("-t twice", ["-t", "a", "-t", "b", "-np", "10.20.1.11", "3260"], 5635),
+    ("-t empty", ["-t", "", "-np", "10.20.1.11", "3260"], 5635),
+    ("-np missing", ["-t", TARGET], 5636),
+    ("-np without a port", ["-t", TARGET, "-np", "10.20.1.11"], 5636),
+    ("-np twice", ["-t", TARGET, "-np", "10.20.1.11", "3260", "-np", "10.20.1.12", "3260"], 5636),
+    ("a negative port reads as a switch", ["-t", TARGET, "-np", "10.20.1.11", "-1"], 5636),
 ]) + [
     # -c needs its name and password: the usage alone, without a message
     Case("establish: -c with %s" % what, ESTABLISH + ["-c"] + values, ESTABLISH_USAGE, E_INVALIDARG,
@@ -299,13 +281,12 @@ ESTABLISH_CASES = [
          alert(MSG_LIST_SESSIONS_FAILED, E_ACCESSDENIED, description="no rights"), E_ACCESSDENIED,
          scenario=failing("IIscsi.ListSessions", E_ACCESSDENIED, "no rights"), calls=["IIscsi.ListSessions"]),
     Case("establish: the initiator interface is missing", ESTABLISH, alert(MSG_SERVICE_UNAVAILABLE, E_NOINTERFACE),
-         E_NOINTERFACE, calls=["IIscsi.ListSessions"],
-         scenario={"methods": host([session()]), "classes": {"VirtualDiskService": {"missingInterfaces": ["IInitiator"]}}}),
+         E_NOINTERFACE, calls=["IIscsi.ListSessions"], scenario={
+             "methods": host([session()]), "classes": {"VirtualDiskService": {"missingInterfaces": ["IInitiator"]}}}),
 ] + refusals("establish: the host query", ESTABLISH, "IInitiator.GetInitiatorCapabilities",
              MSG_MULTI_SESSION_QUERY_FAILED, others=host([session()]), calls=ASKED_HOST) \
   + refusals("establish", ESTABLISH, "IIscsi.EstablishSession", MSG_ESTABLISH_SESSION_FAILED, calls=ESTABLISHED)
 
-# ---------------------------------------------------------------------------
 # iscsi_initiator terminate_session
 
 TERMINATE = ["iscsi_initiator", "terminate_session", "-s", "0xFFFFE0001A2B3010-0x400001370000000B"]
@@ -320,13 +301,12 @@ TERMINATE_CASES = [
     Case("terminate: the id as list prints it", TERMINATE[:3] + [TERMINATE[3].lower()], same_as="terminate: a session"),
 ] + refusals("terminate", TERMINATE, "IIscsi.TerminateSession", MSG_TERMINATE_SESSION_FAILED) \
   + usage_cases("terminate: session id", ["iscsi_initiator", "terminate_session"], TERMINATE_USAGE, [
-    (what, argv, MSG_USAGE_SESSION_ID) for what, argv in [
+    (what, argv, 5637) for what, argv in [
         ("missing", []), ("without a value", ["-s"]), ("given twice", ["-s", "0x1-0x2", "-s", "0x1-0x2"]),
         ("without the first prefix", ["-s", "1-0x2"]), ("without the second prefix", ["-s", "0x1-2"]),
         ("with only its first half", ["-s", "0x1"]), ("with an empty second half", ["-s", "0x1-"]),
         ("not hexadecimal", ["-s", "0xzz-0x1"]), ("empty", ["-s", ""])]])
 
-# ---------------------------------------------------------------------------
 # iscsi_target list and disconnect
 
 STORAGE_TARGETS = [
@@ -350,16 +330,17 @@ DISCONNECT = ["iscsi_target", "disconnect", "-t", TARGET]
 
 TARGET_CASES = [
     Case("target list: targets and portals", TARGET_LIST, STORAGE_LIST + completion(), S_OK,
-         scenario=methods(IIscsi__ListTargets={"targets": STORAGE_TARGETS}), calls=["IIscsi.ListTargets"],
+         scenario=listed(STORAGE_TARGETS, "IIscsi.ListTargets"), calls=["IIscsi.ListTargets"],
          check=sent("IIscsi.ListTargets", storageSystem="filer-east")),
     Case("target list: none", TARGET_LIST, "0 iSCSI target(s)\n\n" + completion(), S_OK),
     Case("disconnect: a target", DISCONNECT, completion(), S_OK, calls=["IIscsi.DisconnectTarget"],
          check=sent("IIscsi.DisconnectTarget", machineName=None, targetName=TARGET)),
-] + refusals("target list", TARGET_LIST, "IIscsi.ListTargets", MSG_LIST_TARGETS_FAILED, data={"targets": STORAGE_TARGETS}) \
+] + refusals("target list", TARGET_LIST, "IIscsi.ListTargets", MSG_LIST_TARGETS_FAILED,
+             data={"targets": STORAGE_TARGETS}) \
   + refusals("disconnect", DISCONNECT, "IIscsi.DisconnectTarget", MSG_DISCONNECT_TARGET_FAILED) \
   + usage_cases("target list: -f", ["iscsi_target", "list"], TARGET_LIST_USAGE, [
-    (what, argv, MSG_USAGE_STORAGE_SYSTEM) for what, argv in [
-        ("missing", []), ("without a value", ["-f"]), ("twice", ["-f", "a", "-f", "b"]), ("empty", ["-f", ""])]]) \
-  + usage_cases("disconnect: -t", ["iscsi_target", "disconnect"], DISCONNECT_USAGE, [("missing", [], MSG_USAGE_TARGET_NAME)])
+    (what, argv, 5607) for what, argv in [
+        ("missing", []), ("twice", ["-f", "a", "-f", "b"]), ("empty", ["-f", ""])]]) \
+  + usage_cases("disconnect: -t", ["iscsi_target", "disconnect"], DISCONNECT_USAGE, [("missing", [], 5635)])
 
 CASES = LIST_CASES + ESTABLISH_CASES + TERMINATE_CASES + TARGET_CASES

@@ -144,11 +144,12 @@ SET_CASES = [
           MSG_SET_FAILED, hr, description=description))
 
 DELETE_CASES = [
-    Case("delete: " + what, DELETE + argv, completion(), S_OK, calls=[DELETE_METHOD], check=sent(DELETE_METHOD, entryName=name))
+    Case("delete: " + what, DELETE + argv, completion(), S_OK, calls=[DELETE_METHOD],
+         check=sent(DELETE_METHOD, entryName=name))
     for what, argv, name in [("a storage system's setting", ["-f", "filer-west"], "filer-west"),
                              ("the default", ["-default"], DEFAULT)]
 ] + usage_cases("delete", DELETE, DELETE_USAGE, [
-    ("neither -f nor -default", [], MSG_USAGE_STORAGE_SYSTEM), ("-f twice", ["-f", "a", "-f", "b"], MSG_USAGE_STORAGE_SYSTEM)
+    (what, argv, MSG_USAGE_STORAGE_SYSTEM) for what, argv in [("neither -f nor -default", []), ("-f twice", ["-f", "a", "-f", "b"])]
 ]) + refusals("delete", DELETE + ["-f", "filer-west"], DELETE_METHOD, MSG_DELETE_FAILED)
 
 # Each operation's own failure line when its progress sink cannot be connected.
