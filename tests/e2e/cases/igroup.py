@@ -119,8 +119,6 @@ CREATE_CASES = [
      "\n<NodeMachineName> <InitiatorName> must be in pairs!\n\n"),
     ("the same initiator twice", ["-I", "HOST1", "iqn.a", "HOST1", "iqn.a", "-ig", "grp1"], MSG_USAGE_INITIATORS,
      "\nError: duplicated initiator - iqn.a !!!\n"),
-    ("the same initiator for two nodes", ["-I", "nodeA", "iqn.a", "nodeB", "iqn.a", "-ig", "g"], MSG_USAGE_INITIATORS,
-     "\nError: duplicated initiator - iqn.a !!!\n"),
     ("a node name too long for its field", ["-I", "N" * 32, "iqn.a", "-ig", "grp1"], MSG_USAGE_INITIATORS),
     ("an initiator name too long for its field", ["-I", "HOST1", "i" * 128, "-ig", "grp1"], MSG_USAGE_INITIATORS),
     ("an empty initiator name", ["-I", "HOST1", "", "-ig", "grp1"], MSG_USAGE_INITIATORS),

@@ -103,20 +103,17 @@ USAGE_CASES = usage_cases("set", ["preferredIP", "set"], SET_USAGE, [
     (what, argv, MSG_USAGE_VALID_STORAGE_SYSTEM) for what, argv in [
         ("nothing given", []), ("-f missing", ["-IP", "10.40.0.31"]),
         ("-f twice", ["-f", "a", "-f", "b", "-IP", "10.40.0.31"]), ("-f empty", ["-f", "", "-IP", "10.40.0.31"]),
-        ("-f with a blank", ["-f", "filer dr", "-IP", "10.40.0.31"]),
-        ("-f with a colon", ["-f", "filer:dr", "-IP", "1.2.3.4"]),
-        ("-f with a backslash", ["-f", "\\\\filer-dr", "-IP", "10.40.0.31"])]
+        ("-f with a blank", ["-f", "filer dr", "-IP", "10.40.0.31"])]  # the other characters: the unit tests
 ] + [
     (what, ["-f", "filer-dr"] + argv, MSG_USAGE_PREFERRED_IP) for what, argv in [
         ("-IP missing", []), ("-IP twice", ["-IP", "10.40.0.31", "-IP", "10.40.0.32"]),
         ("-ip is another switch", ["-ip", "10.40.0.31"])]
 ]) + usage_cases("delete", ["preferredIP", "delete"], DELETE_USAGE, [
-    (what, argv, MSG_USAGE_VALID_STORAGE_SYSTEM) for what, argv in [("-f missing", []), ("-f with a wildcard", ["-f", "filer*"])]
+    ("-f missing", [], MSG_USAGE_VALID_STORAGE_SYSTEM)
 ]) + [
     Case("set: address %r" % address, set_ip("filer-dr", address), local_error(MSG_INVALID_IP_ADDRESS), E_INVALIDARG,
          check=nothing_created)
-    for address in ["10.40.0", "10.40.0.31.1", "10.40.0.256", "300.1.1.1", "filer-dr", "10.40.0.3l", "", "10.40..31",
-                    "010.40.0.31", "10.40.0.31 "]
+    for address in ["10.40.0", "10.40.0.256", "filer-dr", ""]  # the parser's other faults: the unit tests
 ]
 
 CASES = LIST_CASES + CHANGE_CASES + FAILURE_CASES + USAGE_CASES

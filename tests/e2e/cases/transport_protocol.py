@@ -43,22 +43,14 @@ def protocols(*records):
 
 
 def entry(name, kind, port=0, user=None, others=None):
-    record = {"wszName": name, "dwProtocolType": kind, "dwPort": port, "wszUserName": user, "wszPassword": "never-shown"}
-    if others is not None:
-        record["pwszOtherAddresses"] = others
-    return record
-
-
-def record(name, kind, port, user=None, password=None):
-    """The record as the call log shows it: the password as its digest."""
-    return {"wszName": name, "wszUserName": user, "dwPort": port,
-            "wszPassword": None if password is None else password_digest(password), "dwProtocolType": kind,
-            "pwszOtherAddresses": None}
+    return dict({"wszName": name, "dwProtocolType": kind, "dwPort": port, "wszUserName": user,
+                 "wszPassword": "never-shown"}, **({} if others is None else {"pwszOtherAddresses": others}))
 
 
 def stored(name, kind, port, user=None, password=None):
-    """Check (for a named storage system) then Set, each with the one record; a given password never shows."""
-    expected = record(name, kind, port, user, password)
+    """Check (for a named storage system) then Set, each with the one record: the password as its digest only."""
+    expected = {"wszName": name, "wszUserName": user, "dwPort": port, "dwProtocolType": kind, "pwszOtherAddresses": None,
+                "wszPassword": None if password is None else password_digest(password)}
 
     def check(result):
         calls = [e for e in result.events if e.get("event") == "call"]
