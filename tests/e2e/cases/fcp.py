@@ -3,25 +3,21 @@
 import re
 
 from harness import S_OK, Case, alert, completion
+from cases.host_common import E_ACCESSDENIED, MSG_SERVICE_UNAVAILABLE, requests
 
-MSG_SERVICE_UNAVAILABLE = 5108
-E_ACCESSDENIED = 0x80070005
 E_NOINTERFACE = 0x80004002
-HBA_OFFLINE = 0xC0040412
-
+LIST = ["fcp_initiator", "list"]
 HEADING = "\nFCP initiators on this system are: \n\n"
+WWPN1 = {"dwKind": 0, "wszName": "10:00:00:00:c9:6b:2a:41"}
+WWPN2 = {"dwKind": 0, "wszName": "10:00:00:00:c9:6b:2a:42"}
 
 
-def listed(*initiators):
-    return {"methods": {"IFcp.ListFcpInitiators": {"initiators": list(initiators)}}}
-
-
-def refused(hr, **extra):
-    return {"methods": {"IFcp.ListFcpInitiators": dict({"result": hex(hr)}, **extra)}}
+def listed(*initiators, **response):
+    return {"methods": {"IFcp.ListFcpInitiators": dict(response, initiators=list(initiators))}}
 
 
 def asked_for_this_computer(result):
-    asked = [e["request"]["computerName"] for e in result.events if e.get("method") == "IFcp.ListFcpInitiators"]
+    asked = [r["computerName"] for r in requests(result, "IFcp.ListFcpInitiators")]
     assert len(asked) == 1 and asked[0] and len(asked[0]) <= 15, "asked %r" % asked
 
 
@@ -30,36 +26,33 @@ def error_line(hr):
     pattern = re.compile(r"Error -?\d+ obtaining FCP initiators on machine \. Status 0x%x\.\n" % hr)
 
     def check(result):
-        text = result.text()
-        line, _, rest = text.partition("\n")
-        assert pattern.fullmatch(line + "\n"), "line %r" % line
-        assert rest == completion(), "after the line %r" % rest
+        line, _, rest = result.text().partition("\n")
+        assert pattern.fullmatch(line + "\n") and rest == completion(), "stdout %r" % result.text()
     return check
 
 
-WWPN1 = {"dwKind": 0, "wszName": "10:00:00:00:c9:6b:2a:41"}
-WWPN2 = {"dwKind": 0, "wszName": "10:00:00:00:c9:6b:2a:42"}
-
 CASES = [
-    Case("two initiators", ["fcp_initiator", "list"],
+    Case("two initiators", LIST,
          HEADING + "FCP initiator WWPN:\t10:00:00:00:c9:6b:2a:41\nFCP initiator WWPN:\t10:00:00:00:c9:6b:2a:42\n\n"
          + completion(), S_OK, scenario=listed(WWPN1, WWPN2), calls=["IFcp.ListFcpInitiators"],
          check=asked_for_this_computer),
-    Case("no initiators", ["fcp_initiator", "list"], HEADING + "\n" + completion(), S_OK, calls=["IFcp.ListFcpInitiators"]),
-    Case("other kinds of initiator", ["fcp_initiator", "list"],
+    Case("no initiators", LIST, HEADING + "\n" + completion(), S_OK, calls=["IFcp.ListFcpInitiators"]),
+    Case("other kinds of initiator", LIST,
          HEADING + "iSCSI initiator:\tiqn.1991-05.com.microsoft:host1\n" + "FCP initiator WWPN:\t(null)\n\n" + completion(),
          S_OK, scenario=listed({"dwKind": 1, "wszName": "iqn.1991-05.com.microsoft:host1"},
                                {"dwKind": 7, "wszName": "not shown"}, {"dwKind": 0, "wszName": None})),
-    Case("-m without a value asks the local service", ["fcp_initiator", "list", "-m"], same_as="no initiators"),
-    Case("LIST in capitals", ["FCP_INITIATOR", "LIST"], same_as="no initiators"),
-    Case("refused: an error line and success", ["fcp_initiator", "list"], status=S_OK, scenario=refused(E_ACCESSDENIED),
-         calls=["IFcp.ListFcpInitiators"], check=error_line(E_ACCESSDENIED)),
-    Case("refused with an explanation: the line alone", ["fcp_initiator", "list"], status=S_OK,
-         scenario=refused(HBA_OFFLINE, errorDescription="HBA offline", initiators=[WWPN1]), check=error_line(HBA_OFFLINE)),
-    Case("S_FALSE is a failure too", ["fcp_initiator", "list"], status=S_OK, scenario=refused(1), check=error_line(1)),
+    Case("-m without a value asks the local service", LIST + ["-m"], same_as="no initiators"),
     # Creating the service object is not the query: it fails as every operation does.
-    Case("the service lacks the FCP interface", ["fcp_initiator", "list"], alert(MSG_SERVICE_UNAVAILABLE, E_NOINTERFACE),
-         E_NOINTERFACE, scenario={"classes": {"VirtualDiskService": {"missingInterfaces": ["IFcp"]}}}),
-    Case("the service refuses the creation", ["fcp_initiator", "list"], alert(MSG_SERVICE_UNAVAILABLE, E_ACCESSDENIED),
-         E_ACCESSDENIED, scenario={"classes": {"VirtualDiskService": {"createResult": hex(E_ACCESSDENIED)}}}),
+    Case("the service lacks the FCP interface", LIST, alert(MSG_SERVICE_UNAVAILABLE, E_NOINTERFACE), E_NOINTERFACE,
+         scenario={"classes": {"VirtualDiskService": {"missingInterfaces": ["IFcp"]}}}),
+] + [
+    # A refused query prints its own line (no description, no initiators) and the operation succeeds.
+    Case("refused: %s" % what, LIST, status=S_OK, scenario=scenario, calls=["IFcp.ListFcpInitiators"],
+         check=error_line(hr))
+    for what, hr, scenario in [
+        ("an error line and success", E_ACCESSDENIED, listed(result=hex(E_ACCESSDENIED))),
+        ("with an explanation and data, the line alone", 0xC0040412,
+         listed(WWPN1, result=hex(0xC0040412), errorDescription="HBA offline")),
+        ("S_FALSE is a failure too", 1, listed(result=1)),
+    ]
 ]

@@ -2,27 +2,20 @@
 
 import copy
 
-from harness import password_digest, E_INVALIDARG, S_OK, Case, alert, completion, msg
+from harness import password_digest, E_INVALIDARG, S_OK, Case, alert, completion
+from cases.host_common import (E_ACCESSDENIED, LOCAL, MSG_SERVICE_UNAVAILABLE, failing, local_error, no_password,
+                               nothing_created, refusals, requests, sent, usage_cases)
 
-MSG_SERVICE_UNAVAILABLE = 5108
-MSG_MULTI_SESSION_QUERY_FAILED = 5368
-MSG_LIST_TARGETS_FAILED = 5378
-MSG_LIST_SESSIONS_FAILED = 5380
-MSG_ESTABLISH_SESSION_FAILED = 5387
-MSG_TERMINATE_SESSION_FAILED = 5388
-MSG_DISCONNECT_TARGET_FAILED = 5389
-MSG_INVALID_IP_PORT = 5307
-MSG_SESSION_EXISTS = 6016
-MSG_MULTIPLE_SESSIONS_NOT_SUPPORTED = 6017
-E_ACCESSDENIED = 0x80070005
+MSG_INVALID_IP_PORT, MSG_MULTI_SESSION_QUERY_FAILED = 5307, 5368
+MSG_LIST_TARGETS_FAILED, MSG_LIST_SESSIONS_FAILED = 5378, 5380
+MSG_ESTABLISH_SESSION_FAILED, MSG_TERMINATE_SESSION_FAILED, MSG_DISCONNECT_TARGET_FAILED = 5387, 5388, 5389
+MSG_SESSION_EXISTS, MSG_MULTIPLE_SESSIONS_NOT_SUPPORTED = 6016, 6017
 E_NOINTERFACE = 0x80004002
-ISCSI_BUSY = 0xC0040330
 
-LOCAL_MACHINE = "If the machine name is not specified the command is executed on a local machine.\n"
 LIST_USAGE = (
     "cvcli iscsi_initiator list [-m <MachineName>] -s\n"
     "Lists the iSCSI sessions of the host with their connections, HBAs and portals.\n"
-    "-s Selects the session list; it is required.\n" + LOCAL_MACHINE
+    "-s Selects the session list; it is required.\n" + LOCAL
 )
 ESTABLISH_USAGE = (
     "cvcli iscsi_initiator establish_session [-m <MachineName>] [-h <HBA_ID>] [-hp <HBA Portal ID>] -t <TargetName> "
@@ -31,12 +24,12 @@ ESTABLISH_USAGE = (
     "-h The initiator HBA to use; 0 (the default) is the Microsoft iSCSI initiator service.\n"
     "-hp The portal of that HBA to use; 0 when not specified.\n"
     "-np IP address and port of the target portal.\n"
-    "-c CHAP name and password with which the host logs in to the target.\n" + LOCAL_MACHINE
+    "-c CHAP name and password with which the host logs in to the target.\n" + LOCAL
 )
 TERMINATE_USAGE = (
     "cvcli iscsi_initiator terminate_session [-m <MachineName>] -s <Session_ID>\n"
     "Terminates an iSCSI session.\n"
-    "-s The session ID as the list operation prints it (0x<number>-0x<number>).\n" + LOCAL_MACHINE
+    "-s The session ID as the list operation prints it (0x<number>-0x<number>).\n" + LOCAL
 )
 TARGET_LIST_USAGE = (
     "cvcli iscsi_target list -f <Storage System>\n"
@@ -44,60 +37,36 @@ TARGET_LIST_USAGE = (
 )
 DISCONNECT_USAGE = (
     "cvcli iscsi_target disconnect [-m <MachineName>] -t <TargetName>\n"
-    "Disconnects the host from the iSCSI target <TargetName>.\n" + LOCAL_MACHINE
+    "Disconnects the host from the iSCSI target <TargetName>.\n" + LOCAL
 )
 
 
-def usage_fault(message_id, usage):
-    return "\n%s ...\n\n" % msg(message_id) + usage
+def listed(targets, method="IIscsi.ListSessions"):
+    return {"methods": {method: {"targets": targets}}}
 
 
-def local_error(message_id):
-    # FormatMessageW gives the message's line end back as CR LF.
-    return msg(message_id).replace("\n", "\r\n")
-
-
-def nothing_created(result):
-    assert result.created() == [], "created %r" % result.created()
-
-
-def request(result, method, index=0):
-    found = [e["request"] for e in result.events if e.get("event") == "call" and e.get("method") == method]
-    assert len(found) > index, "%s called %d time(s)" % (method, len(found))
-    return found[index]
-
-
-def sent(method, **expected):
-    """The method's request holds these values (nested dicts compared whole)."""
-    def check(result):
-        got = request(result, method)
-        for key, value in expected.items():
-            assert got.get(key) == value, "%s.%s: %r, expected %r" % (method, key, got.get(key), value)
-    return check
-
-
-def methods(**scripted):
-    return {"methods": {name.replace("__", "."): value for name, value in scripted.items()}}
-
-
-# ---------------------------------------------------------------------------
 # iscsi_initiator list
+def portal(number):
+    return {"dwMask": 15, "dwPortalId": number, "dwIpAddress": "10.0.0.%d" % number, "dwPort": 3000 + number,
+            "dwGroupTag": 100 + number}
 
-def portal(number, port=None, mask=15):
-    return {"dwMask": mask, "dwPortalId": number, "dwIpAddress": "10.0.0.%d" % number,
-            "dwPort": port if port is not None else 3000 + number, "dwGroupTag": 100 + number}
+
+def portal_text(number, tabs=5):
+    return "".join("\t" * tabs + line + "\n" for line in [
+        "Portal ID: %d" % number, "IP address: 10.0.0.%d" % number, "IP port: %d" % (3000 + number),
+        "Portal group tag: %d" % (100 + number)])
 
 
+SESSION1 = {"dwMask": 13, "ullSessionId1": "0xFFFFE0001A2B3010", "ullSessionId2": "0x400001370000000B",
+            "dwInitiatorType": 1,
+            "hba": {"dwMask": 15, "dwHbaId": 2, "wszName": "HBA-A", "wszDescription": "first adapter",
+                    "pPortals": [portal(11)]},
+            "pConnections": [{"dwMask": 15, "ullConnectionId1": "0xABC", "ullConnectionId2": 1, "byCid": [1, 2],
+                              "initiatorPortal": portal(21), "targetPortal": portal(31)},
+                             {"dwMask": 1, "ullConnectionId1": "0xABD", "ullConnectionId2": 2}]}
 FULL_TARGETS = [
-    {"dwMask": 7, "wszTargetName": "iqn.1992-08.com.corvane:sn.1", "dwLunCount": 3, "pSessions": [
-        {"dwMask": 13, "ullSessionId1": "0xFFFFE0001A2B3010", "ullSessionId2": "0x400001370000000B", "dwInitiatorType": 1,
-         "hba": {"dwMask": 15, "dwHbaId": 2, "wszName": "HBA-A", "wszDescription": "first adapter",
-                 "pPortals": [portal(11)]},
-         "pConnections": [
-             {"dwMask": 15, "ullConnectionId1": "0xABC", "ullConnectionId2": 1, "byCid": [1, 2],
-              "initiatorPortal": portal(21), "targetPortal": portal(31)},
-             {"dwMask": 1, "ullConnectionId1": "0xABD", "ullConnectionId2": 2}]},
-        {"dwMask": 1, "ullSessionId1": 5, "ullSessionId2": 6}]},
+    {"dwMask": 7, "wszTargetName": "iqn.1992-08.com.corvane:sn.1", "dwLunCount": 3,
+     "pSessions": [SESSION1, {"dwMask": 1, "ullSessionId1": 5, "ullSessionId2": 6}]},
     {"dwMask": 3, "wszTargetName": "iqn.1992-08.com.corvane:sn.2", "dwLunCount": 0},
 ]
 FULL_LIST = (
@@ -110,25 +79,13 @@ FULL_LIST = (
     "\t\t\t\tiSCSI HBA_ID: 2\n"
     "\t\t\t\tiSCSI HBA name: HBA-A\n"
     "\t\t\t\tiSCSI HBA description: first adapter\n"
-    "\t\t\t\t1 portals(s):\n"
-    "\t\t\t\t\tPortal ID: 11\n"
-    "\t\t\t\t\tIP address: 10.0.0.11\n"
-    "\t\t\t\t\tIP port: 3011\n"
-    "\t\t\t\t\tPortal group tag: 111\n"
-    "\t\t\t2 iSCSI connection(s):\n"
+    "\t\t\t\t1 portals(s):\n" + portal_text(11)
+    + "\t\t\t2 iSCSI connection(s):\n"
     "\t\t\t\tConnection ID: 0xabc-0x1\n"
     "\t\t\t\tCID: 02 01\n"
-    "\t\t\t\tInitiator portal:\n"
-    "\t\t\t\t\tPortal ID: 21\n"
-    "\t\t\t\t\tIP address: 10.0.0.21\n"
-    "\t\t\t\t\tIP port: 3021\n"
-    "\t\t\t\t\tPortal group tag: 121\n"
-    "\t\t\t\tTarget portal:\n"
-    "\t\t\t\t\tPortal ID: 31\n"
-    "\t\t\t\t\tIP address: 10.0.0.31\n"
-    "\t\t\t\t\tIP port: 3031\n"
-    "\t\t\t\t\tPortal group tag: 131\n"
-    "\t\t\t\tConnection ID: 0xabd-0x2\n"
+    "\t\t\t\tInitiator portal:\n" + portal_text(21)
+    + "\t\t\t\tTarget portal:\n" + portal_text(31)
+    + "\t\t\t\tConnection ID: 0xabd-0x2\n"
     "\n"
     "\t\t\tSession ID: 0x5-0x6\n"
     "\n"
@@ -136,39 +93,32 @@ FULL_LIST = (
     "\t\tNumber of LUNs: 0\n"
 )
 
-# Each presence bit cleared on its own: (what, path to the record, bit, lines that go).
+# Each presence bit cleared on its own: (what, path to the record, bit, what goes: the one line that holds
+# this text, or the block from the first text up to the second).
 S1 = [0, "pSessions", 0]
 HBA = S1 + ["hba"]
 CONN = S1 + ["pConnections", 0]
+PORTAL = HBA + ["pPortals", 0]
 BITS = [
-    ("target name", [0], 1, ["\t\tTarget name: iqn.1992-08.com.corvane:sn.1\n"]),
-    ("LUN count", [0], 2, ["\t\tNumber of LUNs: 3\n"]),
-    ("session list", [0], 4, None),  # everything from the session heading to the next target goes
-    ("session id", S1, 1, ["\t\t\tSession ID: 0xffffe0001a2b3010-0x400001370000000b\n"]),
-    ("HBA record", S1, 4, None),
-    ("connection list", S1, 8, None),
-    ("connection id", CONN, 1, ["\t\t\t\tConnection ID: 0xabc-0x1\n"]),
-    ("CID", CONN, 2, ["\t\t\t\tCID: 02 01\n"]),
-    ("initiator portal", CONN, 4, None),
-    ("target portal", CONN, 8, None),
-    ("HBA id", HBA, 1, ["\t\t\t\tiSCSI HBA_ID: 2\n"]),
-    ("HBA name", HBA, 2, ["\t\t\t\tiSCSI HBA name: HBA-A\n"]),
-    ("HBA description", HBA, 4, ["\t\t\t\tiSCSI HBA description: first adapter\n"]),
-    ("HBA portal list", HBA, 8, None),
-    ("portal id", HBA + ["pPortals", 0], 8, ["\t\t\t\t\tPortal ID: 11\n"]),
-    ("portal address", HBA + ["pPortals", 0], 1, ["\t\t\t\t\tIP address: 10.0.0.11\n"]),
-    ("portal port", HBA + ["pPortals", 0], 2, ["\t\t\t\t\tIP port: 3011\n"]),
-    ("portal group tag", HBA + ["pPortals", 0], 4, ["\t\t\t\t\tPortal group tag: 111\n"]),
+    ("target name", [0], 1, "Target name: iqn.1992-08.com.corvane:sn.1"),
+    ("LUN count", [0], 2, "Number of LUNs: 3"),
+    ("session list", [0], 4, ("\t\t2 iSCSI session(s)", "\n\t\tTarget name: iqn.1992-08.com.corvane:sn.2")),
+    ("session id", S1, 1, "Session ID: 0xffffe0001a2b3010"),
+    ("HBA record", S1, 4, ("\t\t\tMicrosoft iSCSI service", "\t\t\t2 iSCSI connection(s)")),
+    ("connection list", S1, 8, ("\t\t\t2 iSCSI connection(s)", "\n\t\t\tSession ID: 0x5-0x6")),
+    ("connection id", CONN, 1, "Connection ID: 0xabc-0x1"),
+    ("CID", CONN, 2, "CID: 02 01"),
+    ("initiator portal", CONN, 4, ("\t\t\t\tInitiator portal:", "\t\t\t\tTarget portal:")),
+    ("target portal", CONN, 8, ("\t\t\t\tTarget portal:", "\t\t\t\tConnection ID: 0xabd")),
+    ("HBA id", HBA, 1, "iSCSI HBA_ID: 2"),
+    ("HBA name", HBA, 2, "iSCSI HBA name: HBA-A"),
+    ("HBA description", HBA, 4, "iSCSI HBA description: first adapter"),
+    ("HBA portal list", HBA, 8, ("\t\t\t\t1 portals(s)", "\t\t\t2 iSCSI connection(s)")),
+    ("portal id", PORTAL, 8, "Portal ID: 11"),
+    ("portal address", PORTAL, 1, "IP address: 10.0.0.11"),
+    ("portal port", PORTAL, 2, "IP port: 3011"),
+    ("portal group tag", PORTAL, 4, "Portal group tag: 111"),
 ]
-# Whole blocks that a cleared list or record bit removes.
-BLOCKS = {
-    "session list": FULL_LIST[FULL_LIST.index("\t\t2 iSCSI session(s):\n"):FULL_LIST.index("\n\t\tTarget name: iqn.1992-08.com.corvane:sn.2")],
-    "HBA record": FULL_LIST[FULL_LIST.index("\t\t\tMicrosoft iSCSI service\n"):FULL_LIST.index("\t\t\t2 iSCSI connection(s):\n")],
-    "connection list": FULL_LIST[FULL_LIST.index("\t\t\t2 iSCSI connection(s):\n"):FULL_LIST.index("\n\t\t\tSession ID: 0x5-0x6")],
-    "initiator portal": FULL_LIST[FULL_LIST.index("\t\t\t\tInitiator portal:\n"):FULL_LIST.index("\t\t\t\tTarget portal:\n")],
-    "target portal": FULL_LIST[FULL_LIST.index("\t\t\t\tTarget portal:\n"):FULL_LIST.index("\t\t\t\tConnection ID: 0xabd")],
-    "HBA portal list": FULL_LIST[FULL_LIST.index("\t\t\t\t1 portals(s):\n"):FULL_LIST.index("\t\t\t2 iSCSI connection(s):\n")],
-}
 
 
 def without_bit(path, bit):
@@ -178,61 +128,51 @@ def without_bit(path, bit):
         record = record[step]
     assert record["dwMask"] & bit
     record["dwMask"] &= ~bit
-    return methods(IIscsi__ListSessions={"targets": targets})
+    return listed(targets)
 
 
-def listing_without(what, lines):
-    text = FULL_LIST
-    for line in lines if lines is not None else [BLOCKS[what]]:
-        assert text.count(line) == 1, line
-        text = text.replace(line, "")
-    return text
+def listing_without(gone):
+    if isinstance(gone, tuple):
+        start = FULL_LIST.index(gone[0])
+        return FULL_LIST[:start] + FULL_LIST[FULL_LIST.index(gone[1], start):]
+    lines = FULL_LIST.splitlines(keepends=True)
+    hit = [line for line in lines if gone in line]
+    assert len(hit) == 1, gone
+    return "".join(line for line in lines if line not in hit)
 
 
+LIST = ["iscsi_initiator", "list", "-s"]
 LIST_CASES = [
-    Case("list: every field present", ["iscsi_initiator", "list", "-s"], FULL_LIST + completion(), S_OK,
-         scenario=methods(IIscsi__ListSessions={"targets": FULL_TARGETS}), calls=["IIscsi.ListSessions"],
+    Case("list: every field present", LIST, FULL_LIST + completion(), S_OK,
+         scenario=listed(FULL_TARGETS), calls=["IIscsi.ListSessions"],
          check=sent("IIscsi.ListSessions", machineName=None)),
-    Case("list: no sessions", ["iscsi_initiator", "list", "-s"], "\t0 connected iSCSI target(s):\n" + completion(), S_OK,
-         calls=["IIscsi.ListSessions"]),
-    Case("list: every mask clear", ["iscsi_initiator", "list", "-s"], "\t1 connected iSCSI target(s):\n" + completion(),
-         S_OK, scenario=methods(IIscsi__ListSessions={"targets": [dict(FULL_TARGETS[0], dwMask=0)]})),
-    Case("list: an HBA of another initiator type is not shown", ["iscsi_initiator", "list", "-s"],
-         listing_without("HBA record", None) + completion(), S_OK,
-         scenario=methods(IIscsi__ListSessions={"targets": [
-             dict(FULL_TARGETS[0], pSessions=[dict(FULL_TARGETS[0]["pSessions"][0], dwInitiatorType=2),
-                                              FULL_TARGETS[0]["pSessions"][1]]), FULL_TARGETS[1]]})),
-    Case("list: a name the service left out, a non-ASCII name", ["iscsi_initiator", "list", "-s"],
+    Case("list: no sessions", LIST, "\t0 connected iSCSI target(s):\n" + completion(), S_OK, calls=["IIscsi.ListSessions"]),
+    Case("list: -s with a value still lists", LIST + ["all"], same_as="list: no sessions"),
+    Case("list: an HBA of another initiator type is not shown", LIST, listing_without(BITS[4][3]) + completion(), S_OK,
+         scenario=listed([dict(FULL_TARGETS[0], pSessions=[dict(SESSION1, dwInitiatorType=2),
+                                                           FULL_TARGETS[0]["pSessions"][1]]), FULL_TARGETS[1]])),
+    Case("list: a name the service left out, a non-ASCII name", LIST,
          "\t1 connected iSCSI target(s):\n\t\tTarget name: iqn.2024-01.jp.東京:ü\n\t\t1 iSCSI session(s):\n"
          "\t\t\tMicrosoft iSCSI service\n\t\t\t\tiSCSI HBA name: (null)\n" + completion(), S_OK,
-         scenario=methods(IIscsi__ListSessions={"targets": [
-             {"dwMask": 5, "wszTargetName": "iqn.2024-01.jp.東京:ü",
-              "pSessions": [{"dwMask": 4, "dwInitiatorType": 1, "hba": {"dwMask": 2, "wszName": None}}]}]})),
-    Case("list: -s with a value still lists", ["iscsi_initiator", "list", "-s", "all"], same_as="list: no sessions"),
-    Case("list: -s missing", ["iscsi_initiator", "list"], usage_fault(5634, LIST_USAGE), E_INVALIDARG,
-         check=nothing_created),
-    Case("list: -S is another switch", ["iscsi_initiator", "list", "-S"], usage_fault(5634, LIST_USAGE), E_INVALIDARG,
-         check=nothing_created),
-    Case("list: refused with an explanation", ["iscsi_initiator", "list", "-s"],
-         alert(MSG_LIST_SESSIONS_FAILED, ISCSI_BUSY, description="iSCSI service not running"), ISCSI_BUSY,
-         scenario=methods(IIscsi__ListSessions={"result": hex(ISCSI_BUSY), "errorDescription": "iSCSI service not running"})),
-    Case("list: refused without an explanation", ["iscsi_initiator", "list", "-s"],
-         alert(MSG_LIST_SESSIONS_FAILED, E_ACCESSDENIED), E_ACCESSDENIED,
-         scenario=methods(IIscsi__ListSessions={"result": hex(E_ACCESSDENIED), "targets": FULL_TARGETS})),
-    Case("list: the service lacks the iSCSI interface", ["iscsi_initiator", "list", "-s"],
-         alert(MSG_SERVICE_UNAVAILABLE, E_NOINTERFACE), E_NOINTERFACE,
+         scenario=listed([{"dwMask": 5, "wszTargetName": "iqn.2024-01.jp.東京:ü", "pSessions": [
+             {"dwMask": 4, "dwInitiatorType": 1, "hba": {"dwMask": 2, "wszName": None}}]}])),
+    Case("list: the service lacks the iSCSI interface", LIST, alert(MSG_SERVICE_UNAVAILABLE, E_NOINTERFACE), E_NOINTERFACE,
          scenario={"classes": {"VirtualDiskService": {"missingInterfaces": ["IIscsi"]}}}),
-] + [
-    Case("list: %s absent" % what, ["iscsi_initiator", "list", "-s"], listing_without(what, lines) + completion(), S_OK,
-         scenario=without_bit(path, bit))
-    for what, path, bit, lines in BITS
+] + refusals("list", LIST, "IIscsi.ListSessions", MSG_LIST_SESSIONS_FAILED, data={"targets": FULL_TARGETS}) \
+  + usage_cases("list", ["iscsi_initiator", "list"], LIST_USAGE, [
+    ("-s missing", [], 5634), ("-S is another switch", ["-S"], 5634)]) + [
+    Case("list: %s absent" % what, LIST, listing_without(gone) + completion(), S_OK, scenario=without_bit(path, bit))
+    for what, path, bit, gone in BITS
 ]
 
-# ---------------------------------------------------------------------------
 # iscsi_initiator establish_session
 
 TARGET = "iqn.1992-08.com.corvane:sn.101202334"
 ESTABLISH = ["iscsi_initiator", "establish_session", "-t", TARGET, "-np", "10.20.1.11", "3260"]
+
+
+def establish(address, port):
+    return ["iscsi_initiator", "establish_session", "-t", TARGET, "-np", address, port]
 
 
 def session(hba_id=0, portal_id=1, address="10.20.1.11", port=3260, masks=(13, 15, 15, 9, 3)):
@@ -244,12 +184,10 @@ def session(hba_id=0, portal_id=1, address="10.20.1.11", port=3260, masks=(13, 1
                               "targetPortal": {"dwMask": target_mask, "dwIpAddress": address, "dwPort": port}}]}
 
 
-def host(sessions, name=TARGET, multiple=1, **extra):
-    scripted = {"IIscsi.ListSessions": {"targets": [{"dwMask": 7, "wszTargetName": name, "dwLunCount": 1,
-                                                       "pSessions": sessions}]},
-                "IInitiator.GetInitiatorCapabilities": {"capabilities": {"dwMultipleSessions": multiple}}}
-    scripted.update(extra)
-    return {"methods": scripted}
+def host(sessions, name=TARGET, multiple=1):
+    return {"IIscsi.ListSessions": {"targets": [{"dwMask": 7, "wszTargetName": name, "dwLunCount": 1,
+                                                 "pSessions": sessions}]},
+            "IInitiator.GetInitiatorCapabilities": {"capabilities": {"dwMultipleSessions": multiple}}}
 
 
 def requested(hba_id=0, portal_id=0, address="10.20.1.11", port=3260):
@@ -262,55 +200,48 @@ def requested(hba_id=0, portal_id=0, address="10.20.1.11", port=3260):
                                                "dwGroupTag": 0}}]}
 
 
-NO_CHAP = {"dwUseChap": 0, "wszName": None, "wszPassword": None}
+def asked_about_this_computer(result):
+    [request] = requests(result, "IInitiator.GetInitiatorCapabilities")
+    assert request["machineName"] and 0 < len(request["machineName"]) <= 15, "asked about %r" % request
+
+
 ESTABLISHED = ["IIscsi.ListSessions", "IIscsi.EstablishSession"]
 ASKED_HOST = ["IIscsi.ListSessions", "IInitiator.GetInitiatorCapabilities"]
-
-
-def asked_about_this_computer(result):
-    name = request(result, "IInitiator.GetInitiatorCapabilities")["machineName"]
-    assert name and 0 < len(name) <= 15, "asked about %r" % name
-
-
-def both(*checks):
-    def check(result):
-        for c in checks:
-            c(result)
-    return check
-
-
-def password_not_shown(result):
-    assert b"s3cr\xc3\xa9t" not in result.stdout and b"s3cr" not in result.stderr
-
+# What an existing session on the target leads to: refused as the same session, refused as a second one, made.
+SAME = (local_error(MSG_SESSION_EXISTS), E_INVALIDARG, ["IIscsi.ListSessions"])
+SECOND = (local_error(MSG_MULTIPLE_SESSIONS_NOT_SUPPORTED), E_INVALIDARG, ASKED_HOST)
+MADE = (completion(), S_OK, ESTABLISHED)
 
 ESTABLISH_CASES = [
     Case("establish: a first session", ESTABLISH, completion(), S_OK, calls=ESTABLISHED,
-         check=both(sent("IIscsi.ListSessions", machineName=None),
-                    sent("IIscsi.EstablishSession", machineName=None, targetName=TARGET, session=requested(),
-                         chap=NO_CHAP))),
+         check=sent("IIscsi.EstablishSession", sent("IIscsi.ListSessions", machineName=None), machineName=None,
+                    targetName=TARGET, session=requested(), chap={"dwUseChap": 0, "wszName": None, "wszPassword": None})),
     Case("establish: HBA, its portal and CHAP", ESTABLISH + ["-h", "2", "-hp", "3", "-c", "host1", "s3crét"],
          completion(), S_OK, calls=ESTABLISHED,
-         check=both(password_not_shown,
-                    sent("IIscsi.EstablishSession", session=requested(hba_id=2, portal_id=3),
-                         chap={"dwUseChap": 1, "wszName": "host1", "wszPassword": password_digest("s3crét")}))),
-    Case("establish: an address inet_addr cannot read is sent as it reads it",
-         ["iscsi_initiator", "establish_session", "-t", TARGET, "-np", "filer-east", "3260"], completion(), S_OK,
-         check=sent("IIscsi.EstablishSession", session=requested(address="255.255.255.255"))),
-    Case("establish: inet_addr's short forms", ["iscsi_initiator", "establish_session", "-t", TARGET, "-np", "10.1", "65535"],
-         completion(), S_OK, check=sent("IIscsi.EstablishSession", session=requested(address="10.0.0.1", port=65535))),
-    # Duplicates
-    Case("establish: the same session exists", ESTABLISH + ["-hp", "1"], local_error(MSG_SESSION_EXISTS), E_INVALIDARG,
-         scenario=host([session(address="10.20.2.11"), session()]), calls=["IIscsi.ListSessions"]),
-    Case("establish: the same session, on a host that allows one", ESTABLISH + ["-hp", "1"],
-         local_error(MSG_SESSION_EXISTS), E_INVALIDARG, scenario=host([session()], multiple=0),
-         calls=["IIscsi.ListSessions"]),
+         check=sent("IIscsi.EstablishSession", no_password("s3crét"), session=requested(hba_id=2, portal_id=3),
+                    chap={"dwUseChap": 1, "wszName": "host1", "wszPassword": password_digest("s3crét")})),
     Case("establish: another portal, several sessions allowed", ESTABLISH, completion(), S_OK,
-         scenario=host([session()]), calls=ASKED_HOST + ["IIscsi.EstablishSession"], check=asked_about_this_computer),
-    Case("establish: another portal, one session allowed", ESTABLISH, local_error(MSG_MULTIPLE_SESSIONS_NOT_SUPPORTED),
-         E_INVALIDARG, scenario=host([session()], multiple=0), calls=ASKED_HOST),
+         scenario={"methods": host([session()])}, calls=ASKED_HOST + ["IIscsi.EstablishSession"],
+         check=asked_about_this_computer),
 ] + [
-    Case("establish: differs in %s" % what, ESTABLISH + ["-hp", "1"], local_error(MSG_MULTIPLE_SESSIONS_NOT_SUPPORTED),
-         E_INVALIDARG, scenario=host([record], multiple=0), calls=ASKED_HOST)
+    Case("establish: " + what, establish(address, port), completion(), S_OK,
+         check=sent("IIscsi.EstablishSession", session=requested(address=sent_address, port=int(port))))
+    for what, address, port, sent_address in [
+        ("an address inet_addr cannot read is sent as it reads it", "filer-east", "3260", "255.255.255.255"),
+        ("inet_addr's short forms", "10.1", "65535", "10.0.0.1")]
+] + [
+    Case("establish: " + what, ESTABLISH + extra, outcome[0], outcome[1], calls=outcome[2],
+         scenario={"methods": host(sessions, name, multiple)})
+    for what, extra, sessions, name, multiple, outcome in [
+        ("the same session exists", ["-hp", "1"], [session(address="10.20.2.11"), session()], TARGET, 1, SAME),
+        ("the same session, on a host that allows one", ["-hp", "1"], [session()], TARGET, 0, SAME),
+        ("another portal, one session allowed", [], [session()], TARGET, 0, SECOND),
+        ("a target name in another case is another target", ["-hp", "1"], [session()], TARGET.upper(), 0, MADE),
+        ("a target without sessions", [], [], TARGET, 0, MADE),
+    ]
+] + [
+    Case("establish: differs in %s" % what, ESTABLISH + ["-hp", "1"], *SECOND[:2], calls=ASKED_HOST,
+         scenario={"methods": host([record], multiple=0)})
     for what, record in [
         ("HBA id", session(hba_id=1)),
         ("initiator portal id", session(portal_id=2)),
@@ -325,63 +256,34 @@ ESTABLISH_CASES = [
         ("target address not reported", session(masks=(13, 15, 15, 9, 2))),
         ("target port not reported", session(masks=(13, 15, 15, 9, 1))),
     ]
+] + usage_cases("establish", ["iscsi_initiator", "establish_session"], ESTABLISH_USAGE, [
+    ("-t missing", ["-np", "10.20.1.11", "3260"], 5635),
+    ("-t twice", ["-t", "a", "-t", "b", "-np", "10.20.1.11", "3260"], 5635),
+    ("-t empty", ["-t", "", "-np", "10.20.1.11", "3260"], 5635),
+    ("-np missing", ["-t", TARGET], 5636),
+    ("-np without a port", ["-t", TARGET, "-np", "10.20.1.11"], 5636),
+    ("-np twice", ["-t", TARGET, "-np", "10.20.1.11", "3260", "-np", "10.20.1.12", "3260"], 5636),
+    ("a negative port reads as a switch", ["-t", TARGET, "-np", "10.20.1.11", "-1"], 5636),
+]) + [
+    # -c needs its name and password: the usage alone, without a message
+    Case("establish: -c with %s" % what, ESTABLISH + ["-c"] + values, ESTABLISH_USAGE, E_INVALIDARG,
+         check=nothing_created)
+    for what, values in [("its name alone", ["host1"]), ("three values", ["host1", "pw", "x"])]
 ] + [
-    Case("establish: a target name in another case is another target", ESTABLISH + ["-hp", "1"], completion(), S_OK,
-         scenario=host([session()], name=TARGET.upper(), multiple=0), calls=ESTABLISHED),
-    Case("establish: a target without sessions", ESTABLISH, completion(), S_OK, scenario=host([], multiple=0),
-         calls=ESTABLISHED),
-    # Usage faults: nothing is created
-] + [
-    Case("establish: %s" % what, ["iscsi_initiator", "establish_session"] + argv, usage_fault(message_id, ESTABLISH_USAGE),
-         E_INVALIDARG, check=nothing_created)
-    for what, argv, message_id in [
-        ("-t missing", ["-np", "10.20.1.11", "3260"], 5635),
-        ("-t without a value", ["-t", "-np", "10.20.1.11", "3260"], 5635),
-        ("-t twice", ["-t", "a", "-t", "b", "-np", "10.20.1.11", "3260"], 5635),
-        ("-t empty", ["-t", "", "-np", "10.20.1.11", "3260"], 5635),
-        ("nothing at all", [], 5635),
-        ("-np missing", ["-t", TARGET], 5636),
-        ("-np without a port", ["-t", TARGET, "-np", "10.20.1.11"], 5636),
-        ("-np with three values", ["-t", TARGET, "-np", "10.20.1.11", "3260", "1"], 5636),
-        ("-np twice", ["-t", TARGET, "-np", "10.20.1.11", "3260", "-np", "10.20.1.12", "3260"], 5636),
-        ("a negative port reads as a switch", ["-t", TARGET, "-np", "10.20.1.11", "-1"], 5636),
-    ]
-] + [
-    Case("establish: -c without its password", ESTABLISH + ["-c", "host1"], ESTABLISH_USAGE, E_INVALIDARG,
-         check=nothing_created),
-    Case("establish: -c with three values", ESTABLISH + ["-c", "host1", "pw", "x"], ESTABLISH_USAGE, E_INVALIDARG,
-         check=nothing_created),
-] + [
-    Case("establish: port %r" % port, ["iscsi_initiator", "establish_session", "-t", TARGET, "-np", "10.20.1.11", port],
-         local_error(MSG_INVALID_IP_PORT), E_INVALIDARG, check=nothing_created)
+    Case("establish: port %r" % port, establish("10.20.1.11", port), local_error(MSG_INVALID_IP_PORT), E_INVALIDARG,
+         check=nothing_created)
     for port in ["0", "65536", "abc", "32a", "", " 80", "+80", "100000", "３２６０"]
 ] + [
-    # Failures
     Case("establish: the session list refused", ESTABLISH,
          alert(MSG_LIST_SESSIONS_FAILED, E_ACCESSDENIED, description="no rights"), E_ACCESSDENIED,
-         scenario=methods(IIscsi__ListSessions={"result": hex(E_ACCESSDENIED), "errorDescription": "no rights"}),
-         calls=["IIscsi.ListSessions"]),
-    Case("establish: the host query refused", ESTABLISH, alert(MSG_MULTI_SESSION_QUERY_FAILED, E_ACCESSDENIED),
-         E_ACCESSDENIED, calls=ASKED_HOST,
-         scenario=host([session()], **{"IInitiator.GetInitiatorCapabilities": {"result": hex(E_ACCESSDENIED)}})),
-    Case("establish: the host query refused with an explanation", ESTABLISH,
-         alert(MSG_MULTI_SESSION_QUERY_FAILED, ISCSI_BUSY, description="initiator busy"), ISCSI_BUSY, calls=ASKED_HOST,
-         scenario=host([session()], **{"IInitiator.GetInitiatorCapabilities": {
-             "result": hex(ISCSI_BUSY), "errorDescription": "initiator busy"}})),
+         scenario=failing("IIscsi.ListSessions", E_ACCESSDENIED, "no rights"), calls=["IIscsi.ListSessions"]),
     Case("establish: the initiator interface is missing", ESTABLISH, alert(MSG_SERVICE_UNAVAILABLE, E_NOINTERFACE),
-         E_NOINTERFACE, calls=["IIscsi.ListSessions"],
-         scenario=dict(host([session()]), classes={"VirtualDiskService": {"missingInterfaces": ["IInitiator"]}})),
-    Case("establish: refused with an explanation", ESTABLISH,
-         alert(MSG_ESTABLISH_SESSION_FAILED, ISCSI_BUSY, description="target portal unreachable"), ISCSI_BUSY,
-         calls=ESTABLISHED, scenario=methods(IIscsi__EstablishSession={
-             "result": hex(ISCSI_BUSY), "errorDescription": "target portal unreachable"})),
-    Case("establish: refused without an explanation", ESTABLISH, alert(MSG_ESTABLISH_SESSION_FAILED, E_ACCESSDENIED),
-         E_ACCESSDENIED, calls=ESTABLISHED, scenario=methods(IIscsi__EstablishSession={"result": hex(E_ACCESSDENIED)})),
-    Case("establish: S_FALSE is a failure", ESTABLISH, alert(MSG_ESTABLISH_SESSION_FAILED, 1), 1,
-         scenario=methods(IIscsi__EstablishSession={"result": 1})),
-]
+         E_NOINTERFACE, calls=["IIscsi.ListSessions"], scenario={
+             "methods": host([session()]), "classes": {"VirtualDiskService": {"missingInterfaces": ["IInitiator"]}}}),
+] + refusals("establish: the host query", ESTABLISH, "IInitiator.GetInitiatorCapabilities",
+             MSG_MULTI_SESSION_QUERY_FAILED, others=host([session()]), calls=ASKED_HOST) \
+  + refusals("establish", ESTABLISH, "IIscsi.EstablishSession", MSG_ESTABLISH_SESSION_FAILED, calls=ESTABLISHED)
 
-# ---------------------------------------------------------------------------
 # iscsi_initiator terminate_session
 
 TERMINATE = ["iscsi_initiator", "terminate_session", "-s", "0xFFFFE0001A2B3010-0x400001370000000B"]
@@ -393,31 +295,14 @@ TERMINATED = {"dwMask": 1, "ullSessionId1": 0xFFFFE0001A2B3010, "ullSessionId2":
 TERMINATE_CASES = [
     Case("terminate: a session", TERMINATE, completion(), S_OK, calls=["IIscsi.TerminateSession"],
          check=sent("IIscsi.TerminateSession", machineName=None, session=TERMINATED)),
-    Case("terminate: the id as list prints it", ["iscsi_initiator", "terminate_session", "-s",
-                                                 "0xffffe0001a2b3010-0x400001370000000b"],
-         same_as="terminate: a session"),
-    Case("terminate: refused with an explanation", TERMINATE,
-         alert(MSG_TERMINATE_SESSION_FAILED, ISCSI_BUSY, description="session in use"), ISCSI_BUSY,
-         scenario=methods(IIscsi__TerminateSession={"result": hex(ISCSI_BUSY), "errorDescription": "session in use"})),
-    Case("terminate: refused without an explanation", TERMINATE, alert(MSG_TERMINATE_SESSION_FAILED, E_ACCESSDENIED),
-         E_ACCESSDENIED, scenario=methods(IIscsi__TerminateSession={"result": hex(E_ACCESSDENIED)})),
-] + [
-    Case("terminate: session id %s" % what, ["iscsi_initiator", "terminate_session"] + argv,
-         usage_fault(5637, TERMINATE_USAGE), E_INVALIDARG, check=nothing_created)
-    for what, argv in [
-        ("missing", []),
-        ("without a value", ["-s"]),
-        ("given twice", ["-s", "0x1-0x2", "-s", "0x1-0x2"]),
-        ("without the first prefix", ["-s", "1-0x2"]),
-        ("without the second prefix", ["-s", "0x1-2"]),
-        ("with only its first half", ["-s", "0x1"]),
-        ("with an empty second half", ["-s", "0x1-"]),
-        ("not hexadecimal", ["-s", "0xzz-0x1"]),
-        ("empty", ["-s", ""]),
-    ]
-]
+    Case("terminate: the id as list prints it", TERMINATE[:3] + [TERMINATE[3].lower()], same_as="terminate: a session"),
+] + refusals("terminate", TERMINATE, "IIscsi.TerminateSession", MSG_TERMINATE_SESSION_FAILED) \
+  + usage_cases("terminate: session id", ["iscsi_initiator", "terminate_session"], TERMINATE_USAGE, [
+    (what, argv, 5637) for what, argv in [
+        # The parser's other faults are the unit tests' business.
+        ("missing", []), ("without a value", ["-s"]), ("given twice", ["-s", "0x1-0x2", "-s", "0x1-0x2"]),
+        ("with an empty second half", ["-s", "0x1-"]), ("not hexadecimal", ["-s", "0xzz-0x1"]), ("empty", ["-s", ""])]])
 
-# ---------------------------------------------------------------------------
 # iscsi_target list and disconnect
 
 STORAGE_TARGETS = [
@@ -441,31 +326,17 @@ DISCONNECT = ["iscsi_target", "disconnect", "-t", TARGET]
 
 TARGET_CASES = [
     Case("target list: targets and portals", TARGET_LIST, STORAGE_LIST + completion(), S_OK,
-         scenario=methods(IIscsi__ListTargets={"targets": STORAGE_TARGETS}), calls=["IIscsi.ListTargets"],
+         scenario=listed(STORAGE_TARGETS, "IIscsi.ListTargets"), calls=["IIscsi.ListTargets"],
          check=sent("IIscsi.ListTargets", storageSystem="filer-east")),
     Case("target list: none", TARGET_LIST, "0 iSCSI target(s)\n\n" + completion(), S_OK),
-    Case("target list: refused with an explanation", TARGET_LIST,
-         alert(MSG_LIST_TARGETS_FAILED, ISCSI_BUSY, description="filer-east does not answer"), ISCSI_BUSY,
-         scenario=methods(IIscsi__ListTargets={"result": hex(ISCSI_BUSY), "errorDescription": "filer-east does not answer"})),
-    Case("target list: refused without an explanation", TARGET_LIST, alert(MSG_LIST_TARGETS_FAILED, E_ACCESSDENIED),
-         E_ACCESSDENIED, scenario=methods(IIscsi__ListTargets={"result": hex(E_ACCESSDENIED), "targets": STORAGE_TARGETS})),
-] + [
-    Case("target list: -f %s" % what, ["iscsi_target", "list"] + argv, usage_fault(5607, TARGET_LIST_USAGE), E_INVALIDARG,
-         check=nothing_created)
-    for what, argv in [("missing", []), ("without a value", ["-f"]), ("twice", ["-f", "a", "-f", "b"]), ("empty", ["-f", ""])]
-] + [
     Case("disconnect: a target", DISCONNECT, completion(), S_OK, calls=["IIscsi.DisconnectTarget"],
          check=sent("IIscsi.DisconnectTarget", machineName=None, targetName=TARGET)),
-    Case("disconnect: refused with an explanation", DISCONNECT,
-         alert(MSG_DISCONNECT_TARGET_FAILED, ISCSI_BUSY, description="LUNs of the target are in use"), ISCSI_BUSY,
-         scenario=methods(IIscsi__DisconnectTarget={"result": hex(ISCSI_BUSY),
-                                                    "errorDescription": "LUNs of the target are in use"})),
-    Case("disconnect: refused without an explanation", DISCONNECT, alert(MSG_DISCONNECT_TARGET_FAILED, E_ACCESSDENIED),
-         E_ACCESSDENIED, scenario=methods(IIscsi__DisconnectTarget={"result": hex(E_ACCESSDENIED)})),
-] + [
-    Case("disconnect: -t %s" % what, ["iscsi_target", "disconnect"] + argv, usage_fault(5635, DISCONNECT_USAGE),
-         E_INVALIDARG, check=nothing_created)
-    for what, argv in [("missing", []), ("without a value", ["-t"]), ("twice", ["-t", "a", "-t", "b"]), ("empty", ["-t", ""])]
-]
+] + refusals("target list", TARGET_LIST, "IIscsi.ListTargets", MSG_LIST_TARGETS_FAILED,
+             data={"targets": STORAGE_TARGETS}) \
+  + refusals("disconnect", DISCONNECT, "IIscsi.DisconnectTarget", MSG_DISCONNECT_TARGET_FAILED) \
+  + usage_cases("target list: -f", ["iscsi_target", "list"], TARGET_LIST_USAGE, [
+    (what, argv, 5607) for what, argv in [
+        ("missing", []), ("twice", ["-f", "a", "-f", "b"]), ("empty", ["-f", ""])]]) \
+  + usage_cases("disconnect: -t", ["iscsi_target", "disconnect"], DISCONNECT_USAGE, [("missing", [], 5635)])
 
 CASES = LIST_CASES + ESTABLISH_CASES + TERMINATE_CASES + TARGET_CASES

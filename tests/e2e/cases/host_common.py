@@ -1,0 +1,85 @@
+"""Builders shared by the host case files (fcp, hyperv, igroup, iscsi, preferred_ip, transport_protocol); no CASES."""
+
+import re
+
+from harness import E_INVALIDARG, Case, alert, completion, msg
+
+MSG_SERVICE_UNAVAILABLE = 5108
+E_ACCESSDENIED = 0x80070005
+CONNECT_E_NOCONNECTION = 0x80040200
+BUSY = 0xC0040330  # a service-specific failure code, sent with a description
+LOCAL = "If the machine name is not specified the command is executed on a local machine.\n"
+NO_SINK = {"classes": {"VirtualDiskService": {"missingInterfaces": ["_IVirtualDiskEvents"]}}}
+
+
+def usage(message_id, text):
+    return "\n%s ...\n\n" % msg(message_id) + text
+
+
+def local_error(message_id):
+    return msg(message_id).replace("\n", "\r\n")  # FormatMessageW ends the message's lines with CR LF
+
+
+def nothing_created(result):
+    assert result.created() == [], "created %r" % result.created()
+
+
+def nothing_called(result):
+    assert result.calls() == [], "calls %r" % result.calls()
+
+
+def failing(method, hr, description=None, **data):
+    """`method` fails with hr (and a description), answering `data` all the same."""
+    response = dict(data, result=hex(hr), **({} if description is None else {"errorDescription": description}))
+    return {"methods": {method: response}}
+
+
+def requests(result, method):
+    return [e["request"] for e in result.events if e.get("event") == "call" and e.get("method") == method]
+
+
+def sent(method, *checks, **expected):
+    """`method` was called once with these request fields (records compared whole); then the other checks."""
+    def check(result):
+        found = requests(result, method)
+        assert len(found) == 1, "calls of %s: %r" % (method, found)
+        for key, value in expected.items():
+            assert found[0].get(key) == value, "%s.%s: %r, expected %r" % (method, key, found[0].get(key), value)
+        for other in checks:
+            other(result)
+    return check
+
+
+def no_password(password):
+    """The password is in neither stream nor, in clear, in the call log (which holds its digest)."""
+    def check(result):
+        assert password.encode("utf-8") not in result.stdout + result.stderr, "the password was printed"
+        assert password not in str(result.events), "the password reached the call log in clear"
+    return check
+
+
+def failure_line(text, hr):
+    """The handler's own failure line (the system error varies), then success; no service method called."""
+    pattern = re.compile(r"\n%s Error code -?\d+\t hr=0x%xd\n\n" % (re.escape(text), hr) + re.escape(completion()) + r"\Z")
+
+    def check(result):
+        assert pattern.match(result.text()), "stdout %r" % result.text()
+        nothing_called(result)
+    return check
+
+
+def usage_cases(label, argv, text, rows, check=nothing_created):
+    """One case per (what, extra arguments, message id[, what comes before]): the usage fault."""
+    return [Case("%s: %s" % (label, row[0]), argv + row[1], "".join(row[3:]) + usage(row[2], text), E_INVALIDARG,
+                 check=check) for row in rows]
+
+
+def refusals(label, argv, method, message_id=None, output=None, data=None, others=None, **kw):
+    """`method` refused with a description and without: output(hr, description), by default the alert, and hr.
+
+    It answers `data` all the same (none of it may show); `others` answers the other methods."""
+    output = output or (lambda hr, description: alert(message_id, hr, description=description))
+    return [Case("%s: refused %s" % (label, what), argv, output(hr, description), hr, **kw, scenario={
+        "methods": dict(others or {}, **failing(method, hr, description, **(data or {}))["methods"])})
+        for what, hr, description in [("with an explanation", BUSY, "busy: try later"),
+                                      ("without an explanation", E_ACCESSDENIED, None)]]
