@@ -193,12 +193,14 @@ def run(session, args, prepared, cases=None):
         for _ in range(args.repeat):
             result = session.run(case)
             # Under a loaded Wine a process now and then fails to start at all
-            # (STATUS_DLL_INIT_FAILED, or no status): that says nothing of
-            # cvcli, so such a run is made again, at most twice, and reported.
+            # (STATUS_DLL_INIT_FAILED, or no status), and about once in a
+            # thousand runs one stalls until the watchdog ends it (the harness
+            # then restarts Wine). Such a run is made again, at most twice, and
+            # reported; a case that stalls again fails.
             for _ in range(2):
-                if not launch_failed(result):
+                if not launch_failed(result) and not result.timed_out:
                     break
-                relaunched.append("%s::%s" % (stem, case.name))
+                relaunched.append("%s::%s%s" % (stem, case.name, " (stalled)" if result.timed_out else ""))
                 result = session.run(case)
             count += 1
             problems = verify(case, result, earlier.get(stem, {}))
@@ -214,7 +216,7 @@ def run(session, args, prepared, cases=None):
         for problem in problems:
             print(problem.rstrip("\n"))
     if relaunched:
-        print("\nrun again after Wine failed to start the process: %s" % ", ".join(relaunched))
+        print("\nrun again after Wine failed to start or stalled the process: %s" % ", ".join(relaunched))
     print(
         "\n%d case runs, %d failed; %.1f s (%.2f s a case), prefix start %.1f s"
         % (count, len(failures), elapsed, elapsed / count if count else 0, prepared)
