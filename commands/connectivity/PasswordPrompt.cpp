@@ -52,6 +52,9 @@ SecretText ReadPassword() {
     Print(L"Type Password for the user:");
     SecretText password;
     for (;;) {
+        // Output to a pipe is gathered in blocks: the prompt and each echoed
+        // star must be out before the console is asked for the next key.
+        FlushOutput();
         const wint_t key = g_readKey();
         if (key == kEnter || key == WEOF)
             break;
