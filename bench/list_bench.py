@@ -9,7 +9,8 @@ one call) each run --runs times with stdout to a file; the table gives the
 medians, the ratio cvcli / minimal, the growth from the previous size, the
 simulator's own cost (its scenario check, a stand-in for the reading it does
 at each creation, and its cost per record), and cvcli's peak memory against
-the size of the data it receives. Then start-up: `cvcli help snap` against a
+the size of the data it receives (above what any run holds under Wine, and
+beside the same figure of the minimal client, the floor for one listing call). Then start-up: `cvcli help snap` against a
 minimal program that loads the message library, starts COM with its security
 and prints the same text, and an empty program.
 
@@ -18,6 +19,7 @@ Figures only: nothing here passes or fails.
 
 import argparse
 import json
+import shutil
 import os
 import statistics
 import subprocess
@@ -93,22 +95,34 @@ class Runner:
                         WINEDLLOVERRIDES="mscoree,mshtml=", CORVANE_SIM_LINGER="600")
         self.env.pop("CORVANE_SIM_LOG", None)
         self.wine = "/usr/lib/wine/wine64" if Path("/usr/lib/wine/wine64").exists() else "wine"
+        self.scenario = Path(tempfile.mkdtemp(prefix="cvcli-bench-")) / "scenario.json"
 
     def run(self, program, args, scenario=None):
-        """Seconds and peak resident kilobytes of one run, stdout to a file."""
+        """Seconds, peak resident KiB (polled) and bytes written of one run, stdout to a file."""
         env = dict(self.env)
         if scenario is not None:
-            env["CORVANE_SIM_SCENARIO"] = winpath(scenario)
+            # One path for every scenario: a lingering simulator keeps the
+            # environment it started with, but reads the file at each creation.
+            shutil.copyfile(scenario, self.scenario)
+            env["CORVANE_SIM_SCENARIO"] = winpath(self.scenario)
         with tempfile.TemporaryFile() as out:
             started = time.monotonic()
             process = subprocess.Popen([self.wine, winpath(self.build / program)] + args, stdin=subprocess.DEVNULL,
                                        stdout=out, stderr=subprocess.DEVNULL, env=env)
-            _, status, usage = os.wait4(process.pid, 0)
+            peak = 0
+            status_file = Path("/proc/%d/status" % process.pid)
+            while process.poll() is None:
+                try:
+                    for line in status_file.read_text().splitlines():
+                        if line.startswith("VmHWM:"):
+                            peak = max(peak, int(line.split()[1]))
+                except OSError:
+                    pass
+                time.sleep(0.01)
             seconds = time.monotonic() - started
-            process.returncode = status
             out.seek(0)
             size = len(out.read())
-        return seconds, usage.ru_maxrss, size
+        return seconds, peak, size
 
     def median(self, runs, program, args, scenario=None):
         results = [self.run(program, args, scenario) for _ in range(runs)]
@@ -134,9 +148,9 @@ def main():
     sizes = [int(s) for s in args.sizes.split(",")]
     for title, workload in WORKLOADS:
         print("%s: median of %d runs each, stdout to a file" % (title, args.runs))
-        print("%8s %9s %9s %6s %8s %9s %10s %10s %10s %9s" % ("records", "cvcli", "minimal", "ratio", "growth",
+        print("%8s %9s %9s %6s %8s %9s %10s %10s %10s %9s %9s" % ("records", "cvcli", "minimal", "ratio", "growth",
                                                              "sim check", "per record", "peak KiB", "data KiB",
-                                                             "peak/data"))
+                                                             "peak/data", "minimal"))
         previous = None
         for size in sizes:
             methods, data, cvcli_args, minimal_args = workload(size)
@@ -144,13 +158,14 @@ def main():
             scenario.write_text(json.dumps({"methods": methods}))
             runner.run("cvcli.exe", cvcli_args, scenario)  # the simulator starts and reads it once
             cvcli, peak, out_cvcli = runner.median(args.runs, "cvcli.exe", cvcli_args, scenario)
-            minimal, _, out_minimal = runner.median(args.runs, "minimal_client.exe", minimal_args, scenario)
+            minimal, minimal_peak, out_minimal = runner.median(args.runs, "minimal_client.exe", minimal_args, scenario)
             check, _, _ = runner.median(1, "corvane-sim.exe", ["/check", winpath(scenario)])
             growth = "%7.2fx" % (cvcli / previous) if previous else "%8s" % "-"
-            print("%8d %8.2fs %8.2fs %6.2f %8s %8.2fs %8.1fus %10d %10d %9.2f%s" % (
+            print("%8d %8.2fs %8.2fs %6.2f %8s %8.2fs %8.1fus %10d %10d %9.2f %9.2f%s" % (
                 size, cvcli, minimal, cvcli / minimal, growth, check - empty_check, minimal / size * 1e6, peak,
-                data / 1024, (peak - base_peak) * 1024 / data,
-                "" if out_cvcli == out_minimal else "  (outputs differ: %d / %d bytes)" % (out_cvcli, out_minimal)))
+                data / 1024, (peak - base_peak) * 1024 / data, (minimal_peak - base_peak) * 1024 / data,
+                "  %d bytes out" % out_cvcli if out_cvcli == out_minimal else "  (outputs differ: %d / %d bytes)" % (
+                    out_cvcli, out_minimal)))
             previous = cvcli
         print()
 
