@@ -37,3 +37,13 @@ template <typename T> void FreeAndClear(T *&pointer) {
     CoTaskMemFree(pointer);
     pointer = nullptr;
 }
+
+// A counted array the service returned: each element's own allocations
+// (freeElement), then the array; count and pointer are left at zero.
+template <typename Element, typename Count, typename FreeElement>
+void FreeEach(Element *&items, Count &count, FreeElement freeElement) {
+    for (Count i = 0; items != nullptr && i < count; ++i)
+        freeElement(items[i]);
+    FreeAndClear(items);
+    count = 0;
+}

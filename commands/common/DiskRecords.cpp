@@ -13,26 +13,17 @@ void FreeDiskInfo(DiskInfo &disk) {
 }
 
 void FreeDiskInfoList(DiskInfoList &list) {
-    for (DWORD i = 0; list.pDisks != nullptr && i < list.dwCount; ++i)
-        FreeDiskInfo(list.pDisks[i]);
-    FreeAndClear(list.pDisks);
-    list.dwCount = 0;
+    FreeEach(list.pDisks, list.dwCount, FreeDiskInfo);
 }
 
 void FreeDiskInfoExList(DiskInfoExList &list) {
-    for (DWORD i = 0; list.pDisks != nullptr && i < list.dwCount; ++i) {
-        DiskInfoEx &entry = list.pDisks[i];
+    FreeEach(list.pDisks, list.dwCount, [](DiskInfoEx &entry) {
         if (entry.pDisk != nullptr) {
             FreeDiskInfo(*entry.pDisk);
             FreeAndClear(entry.pDisk);
         }
-        for (DWORD v = 0; entry.pVms != nullptr && v < entry.dwVmCount; ++v)
-            CoTaskMemFree(entry.pVms[v].wszVmName);
-        FreeAndClear(entry.pVms);
-        entry.dwVmCount = 0;
-    }
-    FreeAndClear(list.pDisks);
-    list.dwCount = 0;
+        FreeEach(entry.pVms, entry.dwVmCount, [](VmUsage &vm) { FreeAndClear(vm.wszVmName); });
+    });
 }
 
 void FreeInitiatorInfo(InitiatorInfo &initiator) {

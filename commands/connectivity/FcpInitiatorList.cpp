@@ -13,10 +13,7 @@
 namespace {
 
 void FreeInitiatorList(InitiatorList &list) {
-    for (DWORD i = 0; list.pInitiators != nullptr && i < list.dwCount; ++i)
-        FreeInitiatorInfo(list.pInitiators[i]);
-    FreeAndClear(list.pInitiators);
-    list.dwCount = 0;
+    FreeEach(list.pInitiators, list.dwCount, FreeInitiatorInfo);
 }
 using OwnedInitiatorList = OwnedRecord<InitiatorList, FreeInitiatorList>;
 

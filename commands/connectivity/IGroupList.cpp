@@ -9,13 +9,7 @@
 #include "service/ServiceAccess.h"
 
 void FreeIGroupList(IGroupList &list) {
-    if (list.pGroups != nullptr) {
-        for (DWORD i = 0; i < list.dwCount; ++i)
-            FreeAndClear(list.pGroups[i].pInitiators);
-        CoTaskMemFree(list.pGroups);
-    }
-    list.pGroups = nullptr;
-    list.dwCount = 0;
+    FreeEach(list.pGroups, list.dwCount, [](IGroupInfo &group) { FreeAndClear(group.pInitiators); });
 }
 
 namespace {

@@ -28,18 +28,13 @@ void FreeConnectedTarget(IscsiConnectedTarget &target) {
 } // namespace
 
 void FreeIscsiConnectedTargetList(IscsiConnectedTargetList &list) {
-    for (DWORD i = 0; list.pTargets != nullptr && i < list.dwCount; ++i)
-        FreeConnectedTarget(list.pTargets[i]);
-    FreeAndClear(list.pTargets);
-    list.dwCount = 0;
+    FreeEach(list.pTargets, list.dwCount, FreeConnectedTarget);
 }
 
 void FreeIscsiStorageTargetList(IscsiStorageTargetList &list) {
-    for (DWORD i = 0; list.pTargets != nullptr && i < list.dwCount; ++i) {
-        FreeAndClear(list.pTargets[i].wszTargetName);
-        FreeAndClear(list.pTargets[i].pPortals);
-        list.pTargets[i].dwPortalCount = 0;
-    }
-    FreeAndClear(list.pTargets);
-    list.dwCount = 0;
+    FreeEach(list.pTargets, list.dwCount, [](IscsiStorageTarget &target) {
+        FreeAndClear(target.wszTargetName);
+        FreeAndClear(target.pPortals);
+        target.dwPortalCount = 0;
+    });
 }

@@ -4,12 +4,10 @@
 #include "front_end/Holders.h"
 
 void FreePreferredIPTable(PreferredIPTable &table) {
-    for (DWORD i = 0; table.pEntries != nullptr && i < table.dwCount; ++i) {
-        FreeAndClear(table.pEntries[i].wszStorageSystem);
-        FreeAndClear(table.pEntries[i].wszIpAddress);
-    }
-    FreeAndClear(table.pEntries);
-    table.dwCount = 0;
+    FreeEach(table.pEntries, table.dwCount, [](PreferredIPEntry &entry) {
+        FreeAndClear(entry.wszStorageSystem);
+        FreeAndClear(entry.wszIpAddress);
+    });
 }
 
 CSentPreferredIPTable::CSentPreferredIPTable(size_t capacity, unsigned messageId)

@@ -23,13 +23,7 @@ void FreeTransportProtocolInfo(TransportProtocolInfo &protocol) {
 }
 
 void FreeTransportProtocolList(TransportProtocolList &list) {
-    if (list.pProtocols != nullptr) {
-        for (DWORD i = 0; i < list.dwCount; ++i)
-            FreeTransportProtocolInfo(list.pProtocols[i]);
-        CoTaskMemFree(list.pProtocols);
-    }
-    list.pProtocols = nullptr;
-    list.dwCount = 0;
+    FreeEach(list.pProtocols, list.dwCount, FreeTransportProtocolInfo);
 }
 
 OwnedProtocolRecord::OwnedProtocolRecord()

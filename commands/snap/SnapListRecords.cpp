@@ -35,21 +35,15 @@ void FreeSnapshotArray(SnapshotArray &list) {
 }
 
 void FreeDriveSnapshotsArray(DriveSnapshotsArray &list) {
-    for (DWORD i = 0; list.pDrives != nullptr && i < list.dwCount; ++i) {
-        DriveSnapshots &drive = list.pDrives[i];
+    FreeEach(list.pDrives, list.dwCount, [](DriveSnapshots &drive) {
         FreeAndClear(drive.wszDrive);
         FreeAndClear(drive.wszError);
         FreeSnapshots(drive.pSnapshots, drive.dwSnapshotCount);
-    }
-    FreeAndClear(list.pDrives);
-    list.dwCount = 0;
+    });
 }
 
 void FreeVolumeSnapshotArray(VolumeSnapshotArray &list) {
-    for (DWORD i = 0; list.pSnapshots != nullptr && i < list.dwCount; ++i)
-        FreeAndClear(list.pSnapshots[i].wszName);
-    FreeAndClear(list.pSnapshots);
-    list.dwCount = 0;
+    FreeEach(list.pSnapshots, list.dwCount, [](VolumeSnapshot &snapshot) { FreeAndClear(snapshot.wszName); });
 }
 
 DriveNameArrayOwner::DriveNameArrayOwner(const std::vector<std::wstring> &drives) {

@@ -29,13 +29,10 @@ void FreeMirrorDestinationList(MirrorDestinationList &list) {
 }
 
 void FreeMountPointMirrorList(MountPointMirrorList &list) {
-    for (DWORD i = 0; list.pMountPoints != nullptr && i < list.dwCount; ++i) {
-        MountPointMirror &entry = list.pMountPoints[i];
+    FreeEach(list.pMountPoints, list.dwCount, [](MountPointMirror &entry) {
         FreeAndClear(entry.wszMountPoint);
         FreeDestinations(entry.pDestinations, entry.dwDestinationCount);
-    }
-    FreeAndClear(list.pMountPoints);
-    list.dwCount = 0;
+    });
 }
 
 using OwnedMirrorDestinationList = OwnedRecord<MirrorDestinationList, FreeMirrorDestinationList>;

@@ -12,25 +12,17 @@ VolumeRestoreTarget RequireVolumeRestoreTarget(const CCommandLine &cl, unsigned 
 }
 
 void FreeNewerSnapshotList(NewerSnapshotList &list) {
-    if (list.pSnapshots != nullptr) {
-        for (DWORD i = 0; i < list.dwCount; ++i) {
-            CoTaskMemFree(list.pSnapshots[i].wszName);
-            CoTaskMemFree(list.pSnapshots[i].wszDependency);
-        }
-    }
-    FreeAndClear(list.pSnapshots);
-    list.dwCount = 0;
+    FreeEach(list.pSnapshots, list.dwCount, [](NewerSnapshot &snapshot) {
+        FreeAndClear(snapshot.wszName);
+        FreeAndClear(snapshot.wszDependency);
+    });
 }
 
 void FreeNonLunFileList(NonLunFileList &list) {
-    if (list.pFiles != nullptr) {
-        for (DWORD i = 0; i < list.dwCount; ++i) {
-            CoTaskMemFree(list.pFiles[i].wszFileName);
-            CoTaskMemFree(list.pFiles[i].wszFilePath);
-        }
-    }
-    FreeAndClear(list.pFiles);
-    list.dwCount = 0;
+    FreeEach(list.pFiles, list.dwCount, [](NonLunFile &file) {
+        FreeAndClear(file.wszFileName);
+        FreeAndClear(file.wszFilePath);
+    });
 }
 
 const wchar_t *MirrorStateWord(DWORD state) {
