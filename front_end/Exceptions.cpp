@@ -13,4 +13,3 @@ AlertUserException::AlertUserException(unsigned messageId, HRESULT hr) : m_messa
         BuildAlertText(messageId, hr, m_text.get(), kTextChars);
     }
 }
-

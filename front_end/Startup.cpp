@@ -1,5 +1,6 @@
 #include "front_end/Startup.h"
 
+#include "MessageIds.h"
 #include "front_end/AllocationSpy.h"
 #include "front_end/CommandLine.h"
 #include "front_end/Console.h"
@@ -9,7 +10,6 @@
 #include "front_end/Holders.h"
 #include "front_end/Messages.h"
 #include "front_end/Words.h"
-#include "MessageIds.h"
 #include "service/ServiceAccess.h"
 
 #include <objbase.h>

@@ -45,8 +45,11 @@ static void FireLater(CServiceObject &object, const std::string &method, const J
         unsigned called = 0, failures = 0;
         for (const Json &event : events)
             FireEvent(object, event, called, failures);
-        TheCallLog().Write({{"event", "lateEvents"}, {"object", object.Id()}, {"method", method},
-                            {"sinksCalled", called}, {"sinkFailures", failures}});
+        TheCallLog().Write({{"event", "lateEvents"},
+                            {"object", object.Id()},
+                            {"method", method},
+                            {"sinksCalled", called},
+                            {"sinkFailures", failures}});
         if (SUCCEEDED(joined))
             CoUninitialize();
         object.Release();

@@ -41,11 +41,11 @@ struct Response {
     std::optional<std::string> errorDescription;
     Json events = Json::array();
     unsigned delayMs = 0;
-    bool dieDuringCall = false;       // the process ends while the client waits
-    Json lateEvents = Json::array();  // fired from another thread once the call has returned
-    unsigned lateDelayMs = 0;         // how long after the return
-    Json data = Json::object(); // every key that is not one of the above
-    int index = -1;             // position in the method's list; -1: method not in the scenario
+    bool dieDuringCall = false;      // the process ends while the client waits
+    Json lateEvents = Json::array(); // fired from another thread once the call has returned
+    unsigned lateDelayMs = 0;        // how long after the return
+    Json data = Json::object();      // every key that is not one of the above
+    int index = -1;                  // position in the method's list; -1: method not in the scenario
 };
 
 struct ClassSpec {

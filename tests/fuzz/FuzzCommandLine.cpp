@@ -252,15 +252,16 @@ int wmain(int argc, wchar_t **argv) {
             }
         if (!known) {
             ++failures;
-            fwprintf(stderr, L"iteration %lu: exit status 0x%08lX is not documented; line:", i, static_cast<unsigned long>(status));
+            fwprintf(stderr, L"iteration %lu: exit status 0x%08lX is not documented; line:", i,
+                     static_cast<unsigned long>(status));
             for (const std::wstring &arg : g_current)
                 fwprintf(stderr, L" [%ls]", arg.substr(0, 80).c_str());
             fwprintf(stderr, L"\n");
         }
     }
     CaptureOutput(nullptr);
-    wprintf(L"%lu command lines (seed %u): %lu succeeded, %lu usage or local errors, %lu service absent, %d faults\n",
-            iterations, seed, counts[0], counts[1], counts[2], failures);
+    wprintf(L"%lu command lines (seed %u): %lu succeeded, %lu usage or local errors, %lu service absent, %d faults\n", iterations,
+            seed, counts[0], counts[1], counts[2], failures);
     CoUninitialize();
     FreeLibrary(resources);
     return failures == 0 ? 0 : 1;
