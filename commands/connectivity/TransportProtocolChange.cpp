@@ -116,7 +116,7 @@ void DeleteProtocol(const CCommandLine &cl, HRESULT &hr) {
     ComPtr<ITransportProtocol> protocols;
     CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, protocols);
     EventConnection events = ConnectProgressSinkOrFail(protocols.Get(), hr);
-    CoTaskPtr<wchar_t> name(CopyToTaskMemory(entryName));
+    CoTaskPtr<wchar_t> name(CoTaskStrDup(entryName));
     if (name.Get() == nullptr)
         throw AlertUserException(MSG_DELETE_TRANSPORT_PROTOCOL_FAILED, E_OUTOFMEMORY);
     hr = protocols->DeleteTransportProtocol(name.Get());

@@ -2,16 +2,9 @@
 
 #include "MessageIds.h"
 #include "front_end/Exceptions.h"
+#include "front_end/Holders.h"
 
 #include <cwchar>
-
-wchar_t *CopyToTaskMemory(const wchar_t *text) {
-    const size_t chars = wcslen(text) + 1;
-    auto *copy = static_cast<wchar_t *>(CoTaskMemAlloc(chars * sizeof(wchar_t)));
-    if (copy != nullptr)
-        wmemcpy(copy, text, chars);
-    return copy;
-}
 
 void FreeTransportProtocolInfo(TransportProtocolInfo &protocol) {
     if (protocol.wszPassword != nullptr)
@@ -39,7 +32,7 @@ OwnedProtocolRecord::~OwnedProtocolRecord() {
 }
 
 void OwnedProtocolRecord::SetText(wchar_t *TransportProtocolInfo::*field, const wchar_t *text) {
-    wchar_t *copy = CopyToTaskMemory(text);
+    wchar_t *copy = CoTaskStrDup(text);
     if (copy == nullptr)
         throw AlertUserException(MSG_SET_TRANSPORT_PROTOCOL_FAILED, E_OUTOFMEMORY);
     CoTaskMemFree(m_record->*field);

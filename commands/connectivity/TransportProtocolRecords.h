@@ -7,10 +7,6 @@
 // The reserved entry name of the default protocol.
 constexpr const wchar_t *kDefaultProtocolEntry = L"#!Default#!SSProtocol";
 
-// A CoTaskMem copy of the text with room for its terminator; null when memory
-// ran out.
-wchar_t *CopyToTaskMemory(const wchar_t *text);
-
 // Releases every string of a record, the password wiped first, and the other
 // addresses.
 void FreeTransportProtocolInfo(TransportProtocolInfo &protocol);

@@ -1,6 +1,7 @@
 #include "commands/snap/SnapListRecords.h"
 
 #include "MessageIds.h"
+#include "commands/common/SentRecords.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Holders.h"
 
@@ -9,19 +10,7 @@
 namespace {
 
 void FreeSnapshots(SnapshotInfo *&snapshots, DWORD &count) {
-    for (DWORD i = 0; snapshots != nullptr && i < count; ++i)
-        FreeSnapshotInfo(snapshots[i]);
-    FreeAndClear(snapshots);
-    count = 0;
-}
-
-// Zero-filled COM task memory, so that a half-built request frees cleanly.
-void *AllocateZeroed(size_t bytes) {
-    void *memory = CoTaskMemAlloc(bytes);
-    if (memory == nullptr)
-        throw AlertUserException(MSG_LIST_SNAPSHOTS_FAILED, E_OUTOFMEMORY);
-    std::memset(memory, 0, bytes);
-    return memory;
+    FreeEach(snapshots, count, FreeSnapshotInfo);
 }
 
 } // namespace
@@ -46,16 +35,16 @@ void FreeVolumeSnapshotArray(VolumeSnapshotArray &list) {
     FreeEach(list.pSnapshots, list.dwCount, [](VolumeSnapshot &snapshot) { FreeAndClear(snapshot.wszName); });
 }
 
-DriveNameArrayOwner::DriveNameArrayOwner(const std::vector<std::wstring> &drives) {
+DriveNameArrayOwner::DriveNameArrayOwner(const std::vector<std::wstring> &drives, unsigned failedMessageId) {
     try {
-        m_array = static_cast<DriveNameArray *>(AllocateZeroed(sizeof(DriveNameArray)));
+        m_array = AllocateSentRecords<DriveNameArray>(1, failedMessageId).Release();
         const DWORD count = static_cast<DWORD>(drives.size());
-        m_array->pwszDrives = static_cast<LPWSTR *>(AllocateZeroed(count * sizeof(LPWSTR)));
+        m_array->pwszDrives = AllocateSentRecords<LPWSTR>(count, failedMessageId).Release();
         m_array->dwCount = count;
         for (DWORD i = 0; i < count; ++i) {
             m_array->pwszDrives[i] = CoTaskStrDup(drives[i].c_str());
             if (m_array->pwszDrives[i] == nullptr)
-                throw AlertUserException(MSG_LIST_SNAPSHOTS_FAILED, E_OUTOFMEMORY);
+                throw AlertUserException(failedMessageId, E_OUTOFMEMORY);
         }
     } catch (...) {
         // The destructor does not run for a constructor that throws.

@@ -19,10 +19,10 @@ using OwnedVolumeSnapshotArray = OwnedRecord<VolumeSnapshotArray, FreeVolumeSnap
 
 // A DriveNameArray over copies of the given drives, in their order; the record,
 // its pointer array and the copies are in COM task memory. Memory running out
-// throws the listing's alert with E_OUTOFMEMORY.
+// throws the operation's alert (failedMessageId) with E_OUTOFMEMORY.
 class DriveNameArrayOwner {
 public:
-    explicit DriveNameArrayOwner(const std::vector<std::wstring> &drives);
+    DriveNameArrayOwner(const std::vector<std::wstring> &drives, unsigned failedMessageId);
     ~DriveNameArrayOwner();
     DriveNameArrayOwner(const DriveNameArrayOwner &) = delete;
     DriveNameArrayOwner &operator=(const DriveNameArrayOwner &) = delete;

@@ -2,6 +2,7 @@
 // or of each LUN of a mount point list.
 #include "MessageIds.h"
 #include "commands/Handlers.h"
+#include "commands/snap/SnapListRecords.h"
 #include "commands/snap/SnapMirrorPrinters.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Switches.h"
@@ -38,54 +39,6 @@ void FreeMountPointMirrorList(MountPointMirrorList &list) {
 using OwnedMirrorDestinationList = OwnedRecord<MirrorDestinationList, FreeMirrorDestinationList>;
 using OwnedMountPointMirrorList = OwnedRecord<MountPointMirrorList, FreeMountPointMirrorList>;
 
-// The mount point list as the service takes it: the record, its array and
-// every name from the COM task allocator, released when the holder goes.
-class SentDriveNames {
-public:
-    explicit SentDriveNames(const CCommandLine::ValueList &values) {
-        // A constructor that throws runs no destructor: give back what was taken first.
-        try {
-            Fill(values);
-        } catch (...) {
-            Free();
-            throw;
-        }
-    }
-    ~SentDriveNames() { Free(); }
-    SentDriveNames(const SentDriveNames &) = delete;
-    SentDriveNames &operator=(const SentDriveNames &) = delete;
-
-    DriveNameArray *Get() const { return m_names; }
-
-private:
-    void Fill(const CCommandLine::ValueList &values) {
-        m_names = static_cast<DriveNameArray *>(CoTaskMemAlloc(sizeof(DriveNameArray)));
-        if (m_names == nullptr)
-            throw AlertUserException(MSG_LIST_MIRRORS_FAILED, E_OUTOFMEMORY);
-        m_names->dwCount = 0;
-        m_names->pwszDrives = static_cast<LPWSTR *>(CoTaskMemAlloc(values.size() * sizeof(LPWSTR)));
-        if (m_names->pwszDrives == nullptr)
-            throw AlertUserException(MSG_LIST_MIRRORS_FAILED, E_OUTOFMEMORY);
-        for (const std::wstring &value : values) {
-            const std::wstring name = NormalizeMountPoint(value);
-            LPWSTR copy = static_cast<LPWSTR>(CoTaskMemAlloc((name.size() + 1) * sizeof(wchar_t)));
-            if (copy == nullptr)
-                throw AlertUserException(MSG_LIST_MIRRORS_FAILED, E_OUTOFMEMORY);
-            std::wmemcpy(copy, name.c_str(), name.size() + 1);
-            m_names->pwszDrives[m_names->dwCount++] = copy;
-        }
-    }
-    void Free() {
-        if (m_names != nullptr) {
-            FreeStringArray(m_names->pwszDrives, m_names->dwCount);
-            CoTaskMemFree(m_names);
-            m_names = nullptr;
-        }
-    }
-
-    DriveNameArray *m_names = nullptr;
-};
-
 void ListOneMountPoint(ISnapShotMount *mount, const std::wstring &mountPoint) {
     OwnedMirrorDestinationList destinations;
     CheckServiceCall(mount->GetMirrorDestinations(mountPoint.c_str(), destinations.Out()), MSG_LIST_MIRRORS_FAILED);
@@ -95,7 +48,10 @@ void ListOneMountPoint(ISnapShotMount *mount, const std::wstring &mountPoint) {
 }
 
 void ListMountPoints(ISnapShotDrives *drives, const CCommandLine::ValueList &values) {
-    SentDriveNames names(values);
+    std::vector<std::wstring> normalized;
+    for (const std::wstring &value : values)
+        normalized.push_back(NormalizeMountPoint(value));
+    DriveNameArrayOwner names(normalized, MSG_LIST_MIRRORS_FAILED);
     OwnedMountPointMirrorList lists;
     CheckServiceCall(drives->GetMirrorMountPointLists(names.Get(), lists.Out()), MSG_LIST_MIRRORS_FAILED);
     PrintMountPointMirrors(lists.Get());
