@@ -6,6 +6,7 @@
 //   minimal_client.exe snap-list   creation, sink, ListSnapshots of drive E, the snapshot table
 //   minimal_client.exe help-snap   message library, COM and COM security, the snap help text
 //   minimal_client.exe empty       nothing at all
+#include "app/Startup.h"
 #include "commands/common/DiskPrinters.h"
 #include "commands/common/DiskRecords.h"
 #include "commands/snap/SnapListPrinters.h"
@@ -13,7 +14,7 @@
 #include "front_end/Console.h"
 #include "front_end/Help.h"
 #include "front_end/Messages.h"
-#include "front_end/Startup.h"
+#include "front_end/Process.h"
 #include "front_end/Words.h"
 #include "service/EventSinks.h"
 

@@ -27,6 +27,16 @@ std::wstring FormatTextV(const wchar_t *format, va_list args);
 // ("%%" gives "%"); missing arguments print as "(null)".
 std::wstring SubstituteStrings(const wchar_t *format, const wchar_t *const *args, unsigned count);
 
+// A string from a record as the runtime's own formatting shows a null one;
+// scripts have always seen "(null)" there.
+inline const wchar_t *OrNull(const wchar_t *text) {
+    return text != nullptr ? text : L"(null)";
+}
+// A string from a record, or "" for a null one.
+inline const wchar_t *OrEmpty(const wchar_t *text) {
+    return text != nullptr ? text : L"";
+}
+
 // Writes out what a pipe or file has not received yet. Start-up calls it
 // before the process ends, on every path.
 void FlushOutput();

@@ -3,7 +3,7 @@
 #include "front_end/Help.h"
 
 #include "front_end/Console.h"
-#include "front_end/Startup.h"
+#include "front_end/Process.h"
 #include "front_end/Words.h"
 
 #include <cwchar>
@@ -20,87 +20,28 @@ constexpr const wchar_t *kHelpWord = L"help";
 constexpr const wchar_t *kFooter = L"For information about an individual operation type \"%s %s %s <operation>\"\n";
 constexpr const wchar_t *kFcpFooter = L"For information about an individual operation, type \"%s %s %s <operation>\"\n";
 
-constexpr unsigned kSnapOps[] = {op::Create,       op::Delete,  op::Restore,      op::Rename,     op::List,
-                                 op::Mount,        op::Unmount, op::UpdateMirror, op::MirrorList, op::RestoreVolumeCheck,
-                                 op::RestoreVolume};
-constexpr unsigned kArkholdOps[] = {op::VerifyConfiguration, op::SnapshotRename, op::SnapshotDelete, op::Archive,
-                                    op::RelationshipStatus,  op::SnapList};
-constexpr unsigned kDiskOps[] = {op::Create, op::Delete,       op::Connect,         op::Disconnect, op::Expand,
-                                 op::List,   op::AddInitiator, op::RemoveInitiator, op::AddMount,   op::RemoveMount};
-constexpr unsigned kFcpOps[] = {op::List};
-constexpr unsigned kIscsiInitiatorOps[] = {op::List, op::EstablishSession, op::TerminateSession};
-constexpr unsigned kIscsiTargetOps[] = {op::List, op::Disconnect};
-constexpr unsigned kSysconfigOps[] = {op::List};
-constexpr unsigned kListSetDeleteOps[] = {op::List, op::Set, op::Delete};
-constexpr unsigned kSpacemonOps[] = {op::List, op::Set, op::Delete, op::SnapDelta, op::SnapReclaimable, op::VolInfo};
-constexpr unsigned kHiddenOps[] = {
-    op::Cache,           op::GetActiveDrives3,         op::GetActiveDrives4, op::ExecuteEMSHomecall,
-    op::Lunstats,        op::ValidateConnectionParams, op::ConnectStorages,  op::DisconnectStorages,
-    op::DoVbsr,          op::GetReflexaStatus,         op::BreakReflexas,    op::ResyncReflexas,
-    op::ReleaseReflexas, op::GetClonaraStatus};
-constexpr unsigned kIGroupOps[] = {op::List, op::Create, op::Rename, op::Delete};
-constexpr unsigned kSpaceReclaimerOps[] = {op::Start, op::Stop, op::Analyze, op::Status};
-constexpr unsigned kDatasetOps[] = {op::ListMembers,
-                                    op::AddMembers,
-                                    op::RemoveMembers,
-                                    op::SetMetadata,
-                                    op::GetMetadata,
-                                    op::Info,
-                                    op::Create,
-                                    op::Delete,
-                                    op::GetPolicy,
-                                    op::SetPolicy,
-                                    op::TransferNow,
-                                    op::RestoreStatus,
-                                    op::BackupList,
-                                    op::BackupStatus,
-                                    op::BackupAdd,
-                                    op::BackupStart,
-                                    op::BackupDelete,
-                                    op::MountBackup,
-                                    op::CreateLocalBackup,
-                                    op::VssBackupPrepare,
-                                    op::VssBackupEnd,
-                                    op::Restore,
-                                    op::GetRetentionInfo,
-                                    op::BackupGetMetadata,
-                                    op::BackupSetMetadata,
-                                    op::BackupVersionConvert,
-                                    op::GetAvailablePolicies,
-                                    op::InitiateConformance,
-                                    op::BackupChangeRetentionType,
-                                    op::Protect,
-                                    op::GetBackupLocation,
-                                    op::GetBackupVersionInfo};
-constexpr unsigned kVsconfigOps[] = {op::List, op::Set};
-constexpr unsigned kHyperVOps[] = {op::List};
-
-#define CV_OPS(list) list, sizeof(list) / sizeof(list[0])
-
 constexpr CommandHelp kCommandHelp[] = {
-    {cmd::Snap, CV_HEADING(L"on snapshot copies"), CV_OPS(kSnapOps), kFooter, false},
-    {cmd::Arkhold, CV_HEADING(L"on a arkhold archive"), CV_OPS(kArkholdOps), kFooter, false},
-    {cmd::Disk, CV_HEADING(L"on LUNs"), CV_OPS(kDiskOps), kFooter, false},
+    {cmd::Snap, CV_HEADING(L"on snapshot copies"), kFooter, false},
+    {cmd::Arkhold, CV_HEADING(L"on a arkhold archive"), kFooter, false},
+    {cmd::Disk, CV_HEADING(L"on LUNs"), kFooter, false},
     {cmd::FcpInitiator,
-     L"\nThe %s command performs operations on FCP initiators on the system. Following operations are available:\n",
-     CV_OPS(kFcpOps), kFcpFooter, false},
-    {cmd::IscsiInitiator, CV_HEADING(L"on iSCSI initiators"), CV_OPS(kIscsiInitiatorOps), kFooter, false},
-    {cmd::IscsiTarget, CV_HEADING(L"on iSCSI targets"), CV_OPS(kIscsiTargetOps), kFooter, false},
-    {cmd::Sysconfig, CV_HEADING(L"related to Corvane configuration"), CV_OPS(kSysconfigOps), kFooter, false},
-    {cmd::PreferredIP, CV_HEADING(L"on preferred IP addresses"), CV_OPS(kListSetDeleteOps), kFooter, false},
-    {cmd::Spacemon, CV_HEADING(L"on space reservations monitor"), CV_OPS(kSpacemonOps), kFooter, false},
-    {cmd::Hidden, CV_HEADING(L"for testing purpose only"), CV_OPS(kHiddenOps), kFooter, false},
-    {cmd::IGroup, CV_HEADING_SPACED(L"on Initiator group"), CV_OPS(kIGroupOps), kFooter, false},
-    {cmd::SpaceReclaimer, CV_HEADING_SPACED(L"on Space Reclamation"), CV_OPS(kSpaceReclaimerOps), kFooter, false},
-    {cmd::TransportProtocol, CV_HEADING_SPACED(L"related to transport protocol configuration"), CV_OPS(kListSetDeleteOps),
-     kFooter, false},
-    {cmd::Dataset, CV_HEADING(L"on a dataset and related objects"), CV_OPS(kDatasetOps), kFooter, true},
-    {cmd::Vsconfig, CV_HEADING(L"related to Corvane configuration"), CV_OPS(kVsconfigOps), kFooter, false},
-    {cmd::QrmConfig, CV_HEADING(L"related to Corvane QRM configuration"), CV_OPS(kListSetDeleteOps), kFooter, false},
-    {cmd::HyperV, CV_HEADING(L"on Hyper-V virtual machines"), CV_OPS(kHyperVOps), kFooter, false},
+     L"\nThe %s command performs operations on FCP initiators on the system. Following operations are available:\n", kFcpFooter,
+     false},
+    {cmd::IscsiInitiator, CV_HEADING(L"on iSCSI initiators"), kFooter, false},
+    {cmd::IscsiTarget, CV_HEADING(L"on iSCSI targets"), kFooter, false},
+    {cmd::Sysconfig, CV_HEADING(L"related to Corvane configuration"), kFooter, false},
+    {cmd::PreferredIP, CV_HEADING(L"on preferred IP addresses"), kFooter, false},
+    {cmd::Spacemon, CV_HEADING(L"on space reservations monitor"), kFooter, false},
+    {cmd::Hidden, CV_HEADING(L"for testing purpose only"), kFooter, false},
+    {cmd::IGroup, CV_HEADING_SPACED(L"on Initiator group"), kFooter, false},
+    {cmd::SpaceReclaimer, CV_HEADING_SPACED(L"on Space Reclamation"), kFooter, false},
+    {cmd::TransportProtocol, CV_HEADING_SPACED(L"related to transport protocol configuration"), kFooter, false},
+    {cmd::Dataset, CV_HEADING(L"on a dataset and related objects"), kFooter, true},
+    {cmd::Vsconfig, CV_HEADING(L"related to Corvane configuration"), kFooter, false},
+    {cmd::QrmConfig, CV_HEADING(L"related to Corvane QRM configuration"), kFooter, false},
+    {cmd::HyperV, CV_HEADING(L"on Hyper-V virtual machines"), kFooter, false},
 };
 
-#undef CV_OPS
 #undef CV_HEADING_SPACED
 #undef CV_HEADING
 
@@ -125,16 +66,22 @@ template <size_t N> void PrintCommandRow(const unsigned (&row)[N]) {
     PrintText(L"\n");
 }
 
+// The command's operations are those that have a usage block, in the order of the blocks.
 void PrintOperationList(const CommandHelp &help) {
-    for (unsigned i = 0; i < help.operationCount; ++i) {
-        const wchar_t *word = OperationWord(help.operations[i]);
+    unsigned listed = 0;
+    for (unsigned i = 0; i < OperationUsageCount(); ++i) {
+        const OperationUsage &usage = OperationUsageAt(i);
+        if (usage.command != help.command)
+            continue;
+        const wchar_t *word = OperationWord(usage.operation);
         if (!help.threeColumns) {
             PrintFormat(L"\t%s", &word, 1);
             continue;
         }
-        PrintText(FormatText(L"\t%-30ls", word != nullptr ? word : L"(null)"));
-        if (i % 3 == 2 && i + 1 < help.operationCount)
+        if (listed != 0 && listed % 3 == 0)
             PrintText(L"\n");
+        PrintText(FormatText(L"\t%-30ls", word != nullptr ? word : L"(null)"));
+        ++listed;
     }
     PrintText(L"\n\n");
 }

@@ -10,7 +10,8 @@ struct UsageLine {
     const wchar_t *switchWord;
 };
 
-// The usage block of one (command, operation). The syntax line starts with
+// The usage block of one (command, operation), and with it the operation's
+// place in the list that `help <command>` prints. The syntax line starts with
 // "%s %s %s" (program, command word, operation word); each further "%s" is
 // filled, in order, from syntaxSwitches. Both arrays end at the first null
 // (a line with a null format). Switch words always come from the sw::
@@ -24,14 +25,13 @@ struct OperationUsage {
     bool machineLine; // closes with the line about the local machine
 };
 
-// The operation list that `help <command>` shows.
+// What `help <command>` shows around the command's operation list; the list
+// itself is the command's usage blocks, in their order.
 struct CommandHelp {
     unsigned command;
     const wchar_t *heading; // one "%s": the command word
-    const unsigned *operations;
-    unsigned operationCount;
-    const wchar_t *footer; // "%s %s %s": program, command word, "help"
-    bool threeColumns;     // "\t%-30s" fields, three to a line
+    const wchar_t *footer;  // "%s %s %s": program, command word, "help"
+    bool threeColumns;      // "\t%-30s" fields, three to a line
 };
 
 const CommandHelp *FindCommandHelp(unsigned commandId);

@@ -3,14 +3,6 @@
 #include "front_end/Console.h"
 #include "front_end/Messages.h"
 
-namespace {
-
-const wchar_t *OrEmpty(const wchar_t *text) {
-    return text != nullptr ? text : L"";
-}
-
-} // namespace
-
 std::wstring ProgressLine(const wchar_t *subject, unsigned eventCode) {
     wchar_t message[256];
     LoadEventMessage(eventCode, message, 256);

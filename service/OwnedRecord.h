@@ -1,9 +1,15 @@
-// A record the service filled in (strings and arrays allocated with the COM
-// task allocator), released field by field when the holder goes.
+// The two owners of records exchanged with the service, whose strings and
+// arrays live in COM task memory: OwnedRecord for a record held in the
+// caller's storage, OwnedAllocation for a record that is itself a COM task
+// allocation. Both serve records the service returns and records the tool
+// builds to send; Free releases the record's fields in both.
 #pragma once
+
+#include "front_end/Exceptions.h"
 
 #include <objbase.h>
 
+#include <cstring>
 #include <utility>
 
 template <typename Record, void (*Free)(Record &)> class OwnedRecord {
@@ -20,6 +26,51 @@ public:
 
 private:
     Record m_record;
+};
+
+template <typename Record, void (*Free)(Record &)> class OwnedAllocation {
+public:
+    OwnedAllocation() = default;
+    explicit OwnedAllocation(Record *record) : m_record(record) {}
+    ~OwnedAllocation() { Reset(); }
+    OwnedAllocation(OwnedAllocation &&other) noexcept : m_record(std::exchange(other.m_record, nullptr)) {}
+    OwnedAllocation &operator=(OwnedAllocation &&other) noexcept {
+        if (this != &other) {
+            Reset();
+            m_record = std::exchange(other.m_record, nullptr);
+        }
+        return *this;
+    }
+    OwnedAllocation(const OwnedAllocation &) = delete;
+    OwnedAllocation &operator=(const OwnedAllocation &) = delete;
+
+    // One zero-filled record to send; when memory runs out, the operation's
+    // failure (messageId) with E_OUTOFMEMORY.
+    static OwnedAllocation Zeroed(unsigned messageId) {
+        Record *record = static_cast<Record *>(CoTaskMemAlloc(sizeof(Record)));
+        if (record == nullptr)
+            throw AlertUserException(messageId, E_OUTOFMEMORY);
+        std::memset(static_cast<void *>(record), 0, sizeof(Record));
+        return OwnedAllocation(record);
+    }
+
+    Record *Get() const { return m_record; }
+    Record *operator->() const { return m_record; }
+    Record **Receive() { // for the service call's [out] argument
+        Reset();
+        return &m_record;
+    }
+
+private:
+    void Reset() {
+        if (m_record != nullptr) {
+            Free(*m_record);
+            CoTaskMemFree(m_record);
+            m_record = nullptr;
+        }
+    }
+
+    Record *m_record = nullptr;
 };
 
 // Frees a CoTaskMem string array of `count` entries and the array itself.

@@ -10,11 +10,6 @@
 
 namespace {
 
-// What the runtime's own formatting shows for a null string; scripts see it.
-const wchar_t *OrNull(const wchar_t *text) {
-    return text != nullptr ? text : L"(null)";
-}
-
 std::wstring JoinMountPoints(const DiskInfo &disk) {
     std::wstring joined;
     for (DWORD i = 0; i < disk.dwMountPointCount && disk.pwszMountPoints != nullptr; ++i) {
@@ -58,8 +53,7 @@ void PrintTail(const DiskInfo &disk) {
     Print(L"\tTarget:\t\t\t%d\n", static_cast<int>(disk.byTarget));
     Print(L"\tLUN:\t\t\t%d\n", static_cast<int>(disk.byLun));
     Print(L"\tReadonly:\t\t%ls\n", BoolToYesNo(disk.bReadOnly != 0));
-    // The size has always been printed as a 32-bit number: its low 32 bits, signed.
-    Print(L"\tSize:\t\t\t%d\n", static_cast<int>(static_cast<uint32_t>(static_cast<uint64_t>(disk.llSize))));
+    PrintSizeLine(disk.llSize);
     Print(L"\tReflexa Source:\t%ls\n", BoolToYesNo(disk.bReflexaSource != 0));
     Print(L"\tArkhold Primary:\t%ls\n", BoolToYesNo(disk.bArkholdPrimary != 0));
     Print(L"\tDisk Partition Style:\t%ls\n", PartitionStyleText(disk.dwPartitionStyle));
@@ -74,6 +68,10 @@ void PrintTail(const DiskInfo &disk) {
 }
 
 } // namespace
+
+void PrintSizeLine(long long size) {
+    Print(L"\tSize:\t\t\t%d\n", static_cast<int>(static_cast<uint32_t>(static_cast<uint64_t>(size))));
+}
 
 const wchar_t *PartitionStyleText(DWORD style) {
     switch (style) {

@@ -14,22 +14,6 @@ using OwnedDiskInfoList = OwnedRecord<DiskInfoList, FreeDiskInfoList>;
 using OwnedDiskInfoExList = OwnedRecord<DiskInfoExList, FreeDiskInfoExList>;
 using OwnedInitiatorInfo = OwnedRecord<InitiatorInfo, FreeInitiatorInfo>;
 
-// A record the service allocated as a whole: its fields, then the record.
-template <typename Record, void (*Free)(Record &)> class OwnedAllocation {
-public:
-    explicit OwnedAllocation(Record *record) : m_record(record) {}
-    ~OwnedAllocation() {
-        if (m_record != nullptr) {
-            Free(*m_record);
-            CoTaskMemFree(m_record);
-        }
-    }
-    OwnedAllocation(const OwnedAllocation &) = delete;
-    OwnedAllocation &operator=(const OwnedAllocation &) = delete;
-
-private:
-    Record *m_record;
-};
 using OwnedInitiator = OwnedAllocation<InitiatorInfo, FreeInitiatorInfo>;
 using OwnedUncPathInfo = OwnedAllocation<UncPathInfo, FreeUncPathInfo>;
 using OwnedDisk = OwnedAllocation<DiskInfo, FreeDiskInfo>;

@@ -11,10 +11,6 @@
 
 namespace {
 
-const wchar_t *OrEmpty(const wchar_t *text) {
-    return text != nullptr ? text : L"";
-}
-
 bool EqualIgnoringCase(const wchar_t *a, const std::wstring &b) {
     return _wcsicmp(OrEmpty(a), b.c_str()) == 0;
 }

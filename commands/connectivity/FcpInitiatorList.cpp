@@ -3,6 +3,7 @@
 #include "commands/Handlers.h"
 #include "commands/common/DiskPrinters.h"
 #include "commands/common/DiskRecords.h"
+#include "commands/connectivity/LocalComputer.h"
 #include "front_end/Console.h"
 #include "service/ServiceAccess.h"
 
@@ -17,22 +18,16 @@ void FreeInitiatorList(InitiatorList &list) {
 }
 using OwnedInitiatorList = OwnedRecord<InitiatorList, FreeInitiatorList>;
 
-// The host whose initiators are asked for: this computer, whichever machine
-// runs the service (-m only chooses where the service object is created).
-std::wstring LocalComputerName() {
-    wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
-    DWORD chars = MAX_COMPUTERNAME_LENGTH + 1;
-    if (!GetComputerNameW(name, &chars))
-        return std::wstring();
-    return name;
-}
-
 } // namespace
 
 void FcpInitiatorList(CCommandLine &cl) {
     ComPtr<IFcp> fcp;
     CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, fcp);
-    const std::wstring computer = LocalComputerName();
+    // The host whose initiators are asked for: this computer, whichever machine
+    // runs the service (-m only chooses where the service object is created).
+    // Without a name the service is asked about an empty one.
+    std::wstring computer;
+    LocalComputerName(computer);
     OwnedInitiatorList initiators;
     const HRESULT hr = fcp->ListFcpInitiators(computer.c_str(), initiators.Out());
     const DWORD lastError = GetLastError();

@@ -3,7 +3,9 @@
 #include "commands/common/FailureLine.h"
 #include "commands/common/RequiredSwitch.h"
 #include "commands/connectivity/IGroupRecords.h"
+#include "commands/connectivity/LocalComputer.h"
 #include "front_end/Console.h"
+#include "front_end/Holders.h"
 #include "front_end/ListArgs.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
@@ -40,33 +42,17 @@ std::vector<InitiatorPair> InitiatorPairs(const CCommandLine &cl) {
     return pairs;
 }
 
-// The initiator block that the group record points to.
-class InitiatorBlock {
-public:
-    explicit InitiatorBlock(const std::vector<InitiatorPair> &pairs) {
-        const size_t bytes = pairs.size() * sizeof(InitiatorNameField);
-        m_names = static_cast<InitiatorNameField *>(CoTaskMemAlloc(bytes));
-        if (m_names == nullptr)
-            throw std::bad_alloc(); // not a service failure: the failure line reports it
-        ZeroMemory(m_names, bytes);
-        for (size_t i = 0; i < pairs.size(); ++i)
-            wcsncpy(m_names[i].wszName, pairs[i].InitiatorName.c_str(), kInitiatorNameChars);
-    }
-    ~InitiatorBlock() { CoTaskMemFree(m_names); }
-    InitiatorBlock(const InitiatorBlock &) = delete;
-    InitiatorBlock &operator=(const InitiatorBlock &) = delete;
-    InitiatorNameField *Get() const { return m_names; }
-
-private:
-    InitiatorNameField *m_names;
-};
-
-std::wstring LocalComputerName() {
-    wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
-    DWORD chars = MAX_COMPUTERNAME_LENGTH + 1;
-    if (!GetComputerNameW(name, &chars))
-        throw AlertUserException(MSG_COMPUTER_NAME_FAILED, HRESULT_FROM_WIN32(GetLastError()));
-    return name;
+// The initiator block that the group record points to. Memory running out is
+// not a service failure: the failure line reports it.
+CoTaskPtr<InitiatorNameField> InitiatorBlock(const std::vector<InitiatorPair> &pairs) {
+    const size_t bytes = pairs.size() * sizeof(InitiatorNameField);
+    CoTaskPtr<InitiatorNameField> names(static_cast<InitiatorNameField *>(CoTaskMemAlloc(bytes)));
+    if (!names)
+        throw std::bad_alloc();
+    ZeroMemory(names.Get(), bytes);
+    for (size_t i = 0; i < pairs.size(); ++i)
+        wcsncpy(names.Get()[i].wszName, pairs[i].InitiatorName.c_str(), kInitiatorNameChars);
+    return names;
 }
 
 void CreateGroup(const CCommandLine &cl, HRESULT &hr) {
@@ -84,11 +70,13 @@ void CreateGroup(const CCommandLine &cl, HRESULT &hr) {
     IGroupInfo group = {};
     wcsncpy(group.wszNodeName, pairs.front().NodeMachineName.c_str(), kNodeNameChars);
     wcsncpy(group.wszGroupName, groupName, kGroupNameChars);
-    InitiatorBlock initiators(pairs);
+    const CoTaskPtr<InitiatorNameField> initiators = InitiatorBlock(pairs);
     group.dwInitiatorCount = static_cast<DWORD>(pairs.size());
     group.pInitiators = initiators.Get();
 
-    const std::wstring computerName = LocalComputerName();
+    std::wstring computerName;
+    if (!LocalComputerName(computerName))
+        throw AlertUserException(MSG_COMPUTER_NAME_FAILED, HRESULT_FROM_WIN32(GetLastError()));
     Print(L"\nCreating Initiator group ...\n\n");
     IGroupInfo sent = group;
     hr = igroup->CreateIGroup(storageSystem, &sent, computerName.c_str());

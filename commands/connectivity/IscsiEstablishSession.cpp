@@ -7,6 +7,7 @@
 #include "commands/Handlers.h"
 #include "commands/common/SentRecords.h"
 #include "commands/connectivity/IscsiRecords.h"
+#include "commands/connectivity/LocalComputer.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Holders.h"
 #include "front_end/Switches.h"
@@ -89,9 +90,8 @@ std::wstring HostName(const CCommandLine &cl) {
     const wchar_t *machine = cl.MachineName();
     if (machine != nullptr && machine[0] != L'\0')
         return machine;
-    wchar_t name[16] = {};
-    DWORD chars = 16;
-    if (!GetComputerNameW(name, &chars)) {
+    std::wstring name;
+    if (!LocalComputerName(name)) {
         const DWORD error = GetLastError();
         throw AlertUserException(MSG_MULTI_SESSION_QUERY_FAILED, error != 0 ? HRESULT_FROM_WIN32(error) : E_FAIL);
     }

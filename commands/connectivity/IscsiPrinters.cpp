@@ -8,10 +8,6 @@
 
 namespace {
 
-const wchar_t *OrNull(const wchar_t *text) {
-    return text != nullptr ? text : L"(null)";
-}
-
 // The address lines are narrow text; their prefix (tabs) goes with them.
 std::string Narrow(const std::wstring &text) {
     if (text.empty())

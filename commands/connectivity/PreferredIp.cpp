@@ -16,10 +16,6 @@
 
 namespace {
 
-const wchar_t *OrNull(const wchar_t *text) {
-    return text != nullptr ? text : L"(null)";
-}
-
 bool Equal(const wchar_t *stored, const wchar_t *given) {
     return stored != nullptr && wcscmp(stored, given) == 0;
 }

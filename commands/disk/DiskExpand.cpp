@@ -4,6 +4,7 @@
 #include "commands/Handlers.h"
 #include "commands/common/DiskPrinters.h"
 #include "commands/common/DiskRecords.h"
+#include "commands/common/SentRecords.h"
 #include "commands/disk/DiskTarget.h"
 #include "front_end/Console.h"
 #include "front_end/Exceptions.h"
@@ -89,22 +90,17 @@ void CheckExpandRange(uint64_t size, const ExpandLimits &limits, uint64_t larges
 }
 
 void ExpandAndShow(IVirtualDisk *disk, const DiskTarget &target, uint64_t size) {
-    CoTaskPtr<ExpandRequest> request(static_cast<ExpandRequest *>(CoTaskMemAlloc(sizeof(ExpandRequest))));
-    if (!request)
-        throw AlertUserException(MSG_EXPAND_DISK_FAILED, E_OUTOFMEMORY);
-    std::memset(request.Get(), 0, sizeof(ExpandRequest));
+    CoTaskPtr<ExpandRequest> request = AllocateSentRecords<ExpandRequest>(1, MSG_EXPAND_DISK_FAILED);
     // The record points into the target's strings, which outlive the call.
     request.Get()->wszPath = const_cast<wchar_t *>(target.path);
     request.Get()->wszStorageSystem = const_cast<wchar_t *>(target.storageSystem.c_str());
     request.Get()->wszStorageSystemPath = const_cast<wchar_t *>(target.storageSystemPath.c_str());
     request.Get()->llExpandSize = size;
 
-    DiskInfo *expanded = nullptr;
-    const HRESULT hr = disk->ExpandDisk(request.Get(), &expanded);
-    OwnedDisk owned(expanded);
-    CheckServiceCall(hr, MSG_EXPAND_DISK_FAILED);
-    if (expanded != nullptr)
-        PrintDiskInfo(*expanded);
+    OwnedDisk expanded;
+    CheckServiceCall(disk->ExpandDisk(request.Get(), expanded.Receive()), MSG_EXPAND_DISK_FAILED);
+    if (expanded.Get() != nullptr)
+        PrintDiskInfo(*expanded.Get());
 }
 
 } // namespace

@@ -35,7 +35,7 @@ void ListOneLun(const wchar_t *machine, const std::wstring &mountPoint) {
 void ListSeveralLuns(const wchar_t *machine, const CCommandLine::ValueList &mountPoints) {
     ComPtr<ISnapShotSpace> service;
     CreateServiceInterface(machine, CLSID_SnapShotService, service);
-    DriveNameArrayOwner drives(mountPoints, MSG_LIST_SNAPSHOTS_FAILED);
+    const SentDriveNameArray drives = BuildDriveNameArray(mountPoints, MSG_LIST_SNAPSHOTS_FAILED);
     OwnedDriveSnapshotsArray snapshots;
     const HRESULT hr = service->ListDriveSnapshots(drives.Get(), snapshots.Out(), TRUE);
     if (hr != S_OK && hr != kSomeDrivesFailed) {

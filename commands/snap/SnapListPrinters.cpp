@@ -4,11 +4,6 @@
 
 namespace {
 
-// A name the service left out prints as nothing rather than as "(null)".
-const wchar_t *OrEmpty(const wchar_t *text) {
-    return text != nullptr ? text : L"";
-}
-
 bool WithinHundred(LONG value) {
     return value >= -100 && value <= 100;
 }

@@ -51,7 +51,7 @@ void ListMountPoints(ISnapShotDrives *drives, const CCommandLine::ValueList &val
     std::vector<std::wstring> normalized;
     for (const std::wstring &value : values)
         normalized.push_back(NormalizeMountPoint(value));
-    DriveNameArrayOwner names(normalized, MSG_LIST_MIRRORS_FAILED);
+    const SentDriveNameArray names = BuildDriveNameArray(normalized, MSG_LIST_MIRRORS_FAILED);
     OwnedMountPointMirrorList lists;
     CheckServiceCall(drives->GetMirrorMountPointLists(names.Get(), lists.Out()), MSG_LIST_MIRRORS_FAILED);
     PrintMountPointMirrors(lists.Get());

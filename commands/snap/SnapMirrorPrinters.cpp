@@ -9,11 +9,6 @@ namespace {
 
 constexpr DWORD kNoDiskId = 0xFFFFFFFFu;
 
-// What the runtime's own formatting shows for a null string; scripts see it.
-const wchar_t *OrNull(const wchar_t *text) {
-    return text != nullptr ? text : L"(null)";
-}
-
 const wchar_t *RelationStateText(DWORD state) {
     switch (state) {
     case 1:

@@ -71,11 +71,6 @@ const wchar_t *OrNotAvailable(const wchar_t *text) {
     return text != nullptr && text[0] != L'\0' ? text : L"Not Available";
 }
 
-// What the runtime's own formatting shows for a null string.
-const wchar_t *OrNull(const wchar_t *text) {
-    return text != nullptr ? text : L"(null)";
-}
-
 void PrintLun(const VhdLunInfo &lun) {
     const std::wstring lunPath = std::wstring(OrNull(lun.wszStorageSystem)) + L":" + OrNull(lun.wszStorageSystemPath);
     Print(L"\tLUN Path:\t\t%ls\n", lunPath.c_str());
@@ -87,8 +82,7 @@ void PrintLun(const VhdLunInfo &lun) {
     Print(L"\tBus:\t\t\t%d\n", static_cast<int>(lun.bBus));
     Print(L"\tTarget:\t\t\t%d\n", static_cast<int>(lun.bTarget));
     Print(L"\tLUN:\t\t\t%d\n", static_cast<int>(lun.bLun));
-    // Only the low 32 bits of the size, as a signed number, as this line always showed.
-    Print(L"\tSize:\t\t\t%d\n", static_cast<int>(static_cast<unsigned>(lun.llSize & 0xFFFFFFFF)));
+    PrintSizeLine(lun.llSize);
     Print(L"\tDisk Partition Style:\t%ls\n", PartitionStyleText(lun.dwPartitionStyle));
     Print(L"\tDiskID:\t\t\t%d\n", static_cast<int>(lun.dwDiskId));
     Print(L"\tVolume Name:\t\t%ls\n", OrNull(lun.wszVolumeName));

@@ -5,7 +5,7 @@ can fail, with nothing typed by hand but the faults themselves.
     python3 tests/e2e/fault_matrix.py [--build-dir build] [-k TEXT] [-v]
 
 The operations are the rows of the dispatch table that have a handler
-(front_end/Dispatch.cpp); each runs as its first documented example in
+(app/Dispatch.cpp); each runs as its first documented example in
 docs/commands.md against the demo scenario, and the calls that reach the
 simulator are the calls to break. An operation without an example fails the
 run, so the matrix grows with the handlers. For each call (the first and the
@@ -52,7 +52,7 @@ def dispatched_operations():
     words = (harness.REPO / "front_end" / "Words.cpp").read_text()
     commands = {ident: word for word, ident in re.findall(r'\{L"([^"]+)", cmd::(\w+)\}', words)}
     operations = {ident: word for word, ident in re.findall(r'\{L"([^"]+)", op::(\w+)\}', words)}
-    table = (harness.REPO / "front_end" / "Dispatch.cpp").read_text()
+    table = (harness.REPO / "app" / "Dispatch.cpp").read_text()
     rows = re.findall(r"\{cmd::(\w+), op::(\w+), (\w+)\}", table)
     return [(commands[c], operations[o], handler) for c, o, handler in rows if handler != "NotAvailable"]
 

@@ -128,12 +128,12 @@ _texts = None
 
 
 def msg(message_id):
-    """The text of a message id, from the resource script."""
+    """The text of a message id, from the message library that cvcli loads."""
     global _texts
     if _texts is None:
-        _texts = messages.parse_rc(REPO / "resources" / "CorvaneRes.rc")
+        _texts = messages.strings_in_dll(session().resources)
     if message_id not in _texts:
-        raise KeyError("message %d is not in resources/CorvaneRes.rc" % message_id)
+        raise KeyError("message %d is not in CorvaneRes.dll" % message_id)
     return _texts[message_id]
 
 

@@ -18,7 +18,6 @@ sys.path.insert(0, str(HERE))
 sys.dont_write_bytecode = True  # keep the source tree clean
 
 import harness  # noqa: E402
-import messages  # noqa: E402
 
 
 def load_cases(pattern):
@@ -142,14 +141,6 @@ def verify(case, result, earlier):
     return problems
 
 
-def check_resource_texts(session):
-    """The harness's reading of the resource script must match the built library."""
-    from_rc = messages.parse_rc(harness.REPO / "resources" / "CorvaneRes.rc")
-    from_dll = messages.strings_in_dll(session.resources)
-    wrong = sorted(k for k in set(from_rc) | set(from_dll) if from_rc.get(k) != from_dll.get(k))
-    return ["message %d: script %r, library %r" % (k, from_rc.get(k), from_dll.get(k)) for k in wrong]
-
-
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--build-dir", default=str(harness.REPO / "build"))
@@ -182,9 +173,6 @@ def run(session, args, prepared, cases=None):
         return 0
 
     failures = []
-    problems = check_resource_texts(session)
-    if problems:
-        failures.append(("resource texts", problems))
     earlier = {}
     run_started = time.monotonic()
     count = 0

@@ -9,10 +9,10 @@
 // Run in a prefix where the service is not registered: every operation that
 // gets past its checks then fails to create the service, quickly and always the
 // same way.
+#include "app/Startup.h"
 #include "front_end/Console.h"
 #include "front_end/Help.h"
 #include "front_end/Messages.h"
-#include "front_end/Startup.h"
 #include "front_end/Words.h"
 
 #include <objbase.h>

@@ -1,4 +1,4 @@
-#include "front_end/Startup.h"
+#include "app/Startup.h"
 
 int wmain(int /*argc*/, wchar_t **argv) {
     return RunCvcli(argv);

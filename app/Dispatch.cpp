@@ -1,10 +1,10 @@
-#include "front_end/Dispatch.h"
+#include "app/Dispatch.h"
 
+#include "MessageIds.h"
 #include "commands/Handlers.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Help.h"
 #include "front_end/Words.h"
-#include "MessageIds.h"
 
 namespace {
 
@@ -111,8 +111,12 @@ UnlistedPair UnlistedPairBehaviour(unsigned commandId) {
     return UnlistedPair::CommandUsage;
 }
 
-unsigned DispatchRowCount() { return sizeof(kDispatchTable) / sizeof(kDispatchTable[0]); }
-const DispatchRow &DispatchRowAt(unsigned index) { return kDispatchTable[index]; }
+unsigned DispatchRowCount() {
+    return sizeof(kDispatchTable) / sizeof(kDispatchTable[0]);
+}
+const DispatchRow &DispatchRowAt(unsigned index) {
+    return kDispatchTable[index];
+}
 
 void DispatchOperation(unsigned commandId, unsigned operationId, CCommandLine &cl) {
     if (OperationHandler handler = FindHandler(commandId, operationId)) {
@@ -131,4 +135,6 @@ void DispatchOperation(unsigned commandId, unsigned operationId, CCommandLine &c
     }
 }
 
-void OperationNotAvailable(CCommandLine &) { throw LocalErrorException(MSG_OPERATION_NOT_AVAILABLE); }
+void OperationNotAvailable(CCommandLine &) {
+    throw LocalErrorException(MSG_OPERATION_NOT_AVAILABLE);
+}
