@@ -2,8 +2,8 @@
 // or of each LUN of a mount point list.
 #include "MessageIds.h"
 #include "commands/Handlers.h"
-#include "commands/snap/SnapListRecords.h"
 #include "commands/snap/MirrorPrinters.h"
+#include "commands/snap/SnapListRecords.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
