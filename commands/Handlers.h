@@ -15,15 +15,15 @@ void DiskRemoveMount(CCommandLine &cl);
 // snap
 void SnapDelete(CCommandLine &cl);
 void SnapRename(CCommandLine &cl);
-void SnapUpdateMirror(CCommandLine &cl);
-void SnapMirrorList(CCommandLine &cl);
+void MirrorUpdate(CCommandLine &cl);
+void ListMirrors(CCommandLine &cl);
 void SnapCreate(CCommandLine &cl);
 void SnapList(CCommandLine &cl);
 void SnapMount(CCommandLine &cl);
 void SnapUnmount(CCommandLine &cl);
-void SnapRestore(CCommandLine &cl);
-void SnapRestoreVolumeCheck(CCommandLine &cl);
-void SnapRestoreVolume(CCommandLine &cl);
+void SnapshotRestore(CCommandLine &cl);
+void VolumeRestoreCheck(CCommandLine &cl);
+void VolumeRestore(CCommandLine &cl);
 
 // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP
 void IscsiInitiatorList(CCommandLine &cl);

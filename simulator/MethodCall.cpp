@@ -80,7 +80,7 @@ HRESULT Call::Complete() {
         line["sinkFailures"] = sinkFailures_;
     }
     TheCallLog().Write(line);
-    SetErrorText(response_.errorDescription.value_or(std::string()), iid_);
+    SetErrorText(response_.errorDescription, iid_);
     if (!response_.lateEvents.empty())
         FireLater(object_, key_, response_.lateEvents, response_.lateDelayMs);
     return response_.result;

@@ -108,12 +108,12 @@ HRESULT Server::PrepareCreation(const std::string &className, std::set<std::stri
     if (const ClassSpec *spec = scenario.FindClass(className)) {
         if (spec->createResult != S_OK) {
             TheCallLog().Write({{"event", "createRefused"}, {"class", className}, {"result", HresultText(spec->createResult)}});
-            SetErrorText(spec->createErrorDescription.value_or(std::string()), IID_IClassFactory);
+            SetErrorText(spec->createErrorDescription, IID_IClassFactory);
             return spec->createResult;
         }
         missingInterfaces = spec->missingInterfaces;
     }
-    SetErrorText(std::string(), IID_IClassFactory);
+    SetErrorText(std::nullopt, IID_IClassFactory);
     return S_OK;
 }
 
@@ -181,15 +181,15 @@ Server &TheServer() {
     return server;
 }
 
-void SetErrorText(const std::string &description, REFIID iid) {
-    if (description.empty()) {
+void SetErrorText(const std::optional<std::string> &description, REFIID iid) {
+    if (!description) {
         SetErrorInfo(0, nullptr);
         return;
     }
     ComPtr<ICreateErrorInfo> create;
     if (FAILED(CreateErrorInfo(create.GetAddressOf())))
         return;
-    std::wstring text = Widen(description);
+    std::wstring text = Widen(*description);
     create->SetDescription(&text[0]);
     create->SetSource(const_cast<LPOLESTR>(L"Corvane"));
     create->SetGUID(iid);

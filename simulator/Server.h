@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include <atomic>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -55,8 +56,9 @@ private:
 
 Server &TheServer();
 
-// Sets (or, with an empty text, clears) the error information of the calling
-// thread, as a failing method leaves it for its client.
-void SetErrorText(const std::string &description, REFIID iid);
+// Sets the error information of the calling thread, as a failing method leaves
+// it for its client: an empty text gives an error object with an empty
+// description; no text at all clears the error information.
+void SetErrorText(const std::optional<std::string> &description, REFIID iid);
 
 } // namespace sim

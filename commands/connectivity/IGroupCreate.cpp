@@ -26,15 +26,15 @@ constexpr size_t kInitiatorNameChars = sizeof(InitiatorNameField::wszName) / siz
     throw OperationUsageException(cmd::IGroup, op::Create, messageId);
 }
 
-// The -I pairs: at least one, every name fits its field, all of one node.
+// The -I pairs: at least one, every name fits its field (an empty name is a
+// name), all of one node.
 std::vector<InitiatorPair> InitiatorPairs(const CCommandLine &cl) {
     std::vector<InitiatorPair> pairs;
     GetInitiatorList(cl, pairs);
     if (pairs.empty())
         CreateUsage(MSG_USAGE_INITIATORS);
     for (const InitiatorPair &pair : pairs)
-        if (pair.NodeMachineName.empty() || pair.NodeMachineName.size() > kNodeNameChars || pair.InitiatorName.empty() ||
-            pair.InitiatorName.size() > kInitiatorNameChars)
+        if (pair.NodeMachineName.size() > kNodeNameChars || pair.InitiatorName.size() > kInitiatorNameChars)
             CreateUsage(MSG_USAGE_INITIATORS);
     for (size_t i = 1; i < pairs.size(); ++i)
         if (_wcsicmp(pairs[i].NodeMachineName.c_str(), pairs[i - 1].NodeMachineName.c_str()) != 0)

@@ -5,6 +5,7 @@
 
 #include "MessageIds.h"
 #include "commands/Handlers.h"
+#include "commands/common/RequiredSwitch.h"
 #include "commands/common/SentRecords.h"
 #include "commands/connectivity/IscsiRecords.h"
 #include "commands/connectivity/LocalComputer.h"
@@ -40,17 +41,6 @@ DWORD NumberOrZero(const CCommandLine &cl, const wchar_t *word) {
     return value != nullptr ? static_cast<DWORD>(_wtol(value)) : 0;
 }
 
-// A TCP port: decimal digits only, 1 to 65535.
-bool IsValidPort(const std::wstring &text) {
-    if (text.empty() || text.size() > 5)
-        return false;
-    for (wchar_t c : text)
-        if (c < L'0' || c > L'9')
-            return false;
-    const long port = _wtol(text.c_str());
-    return port >= 1 && port <= 65535;
-}
-
 // The address goes to the service as inet_addr reads it, unchecked: an address
 // it cannot read arrives as INADDR_NONE and the service decides.
 DWORD AddressOf(const std::wstring &text) {
@@ -63,9 +53,7 @@ DWORD AddressOf(const std::wstring &text) {
 
 SessionRequest ReadRequest(const CCommandLine &cl) {
     SessionRequest request;
-    request.target = cl.SingleValue(sw::t);
-    if (request.target == nullptr || request.target[0] == L'\0')
-        Usage(MSG_USAGE_TARGET_NAME);
+    request.target = RequiredValue(cl, sw::t, cmd::IscsiInitiator, op::EstablishSession, MSG_USAGE_TARGET_NAME);
     const CCommandLine::ValueList *portal = cl.Values(sw::np);
     if (portal == nullptr || portal->size() != 2)
         Usage(MSG_USAGE_TARGET_PORTAL);
@@ -76,8 +64,7 @@ SessionRequest ReadRequest(const CCommandLine &cl) {
         request.chapName = chap[0].c_str();
         request.chapPassword = chap[1].c_str();
     }
-    if (!IsValidPort((*portal)[1]))
-        throw LocalErrorException(MSG_INVALID_IP_PORT);
+    // Neither the address nor the port is checked here: the service decides.
     request.targetAddress = AddressOf((*portal)[0]);
     request.targetPort = static_cast<DWORD>(_wtol((*portal)[1].c_str()));
     request.hbaId = NumberOrZero(cl, sw::h);
@@ -88,7 +75,7 @@ SessionRequest ReadRequest(const CCommandLine &cl) {
 // The name the host is asked about: the -m machine, else this computer.
 std::wstring HostName(const CCommandLine &cl) {
     const wchar_t *machine = cl.MachineName();
-    if (machine != nullptr && machine[0] != L'\0')
+    if (machine != nullptr) // an empty name is a name too: it is asked about as given
         return machine;
     std::wstring name;
     if (!LocalComputerName(name)) {

@@ -20,10 +20,11 @@ bool Equal(const wchar_t *stored, const wchar_t *given) {
     return stored != nullptr && wcscmp(stored, given) == 0;
 }
 
-// -f given once, not empty, and a valid storage system name.
+// -f with one value that is a valid storage system name (the empty name holds
+// no forbidden character, so it passes).
 const wchar_t *StorageSystem(const CCommandLine &cl, unsigned operation) {
     const wchar_t *name = cl.SingleValue(sw::f);
-    if (name == nullptr || name[0] == L'\0' || !IsValidName(name))
+    if (name == nullptr || !IsValidName(name))
         throw OperationUsageException(cmd::PreferredIP, operation, MSG_USAGE_VALID_STORAGE_SYSTEM);
     return name;
 }

@@ -2,17 +2,16 @@
 #include "MessageIds.h"
 #include "commands/Handlers.h"
 #include "commands/common/FailureLine.h"
+#include "commands/common/RequiredSwitch.h"
 #include "commands/connectivity/PasswordPrompt.h"
 #include "commands/connectivity/TransportProtocolRecords.h"
 #include "front_end/Console.h"
 #include "front_end/Holders.h"
-#include "front_end/Messages.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
 #include "service/ServiceAccess.h"
 
 #include <cwchar>
-#include <cwctype>
 
 namespace {
 
@@ -28,10 +27,7 @@ constexpr DWORD kHttps = 3;
 const wchar_t *EntryName(const CCommandLine &cl, unsigned operationId) {
     if (cl.IsPresent(sw::default_))
         return kDefaultProtocolEntry;
-    const wchar_t *storageSystem = cl.SingleValue(sw::f);
-    if (storageSystem == nullptr || storageSystem[0] == L'\0')
-        Usage(operationId, MSG_USAGE_STORAGE_SYSTEM);
-    return storageSystem;
+    return RequiredValue(cl, sw::f, cmd::TransportProtocol, operationId, MSG_USAGE_STORAGE_SYSTEM);
 }
 
 struct ProtocolType {
@@ -51,31 +47,17 @@ const ProtocolType &ReadType(const CCommandLine &cl) {
     Usage(op::Set, MSG_USAGE_INVALID_PROTOCOL_TYPE);
 }
 
-// A decimal port from 1 to 65535; anything else is refused with its own text
-// and the operation's usage.
+// A given -port replaces the type's port with the number as _wtoi reads it:
+// text that is no number sends 0, and the service judges the port.
 DWORD ReadPort(const CCommandLine &cl, DWORD defaultPort) {
-    if (!cl.IsPresent(sw::port))
-        return defaultPort;
-    const wchar_t *text = cl.SingleValue(sw::port);
-    bool valid = text != nullptr && text[0] != L'\0' && wcslen(text) <= 5;
-    for (const wchar_t *p = text; valid && *p != L'\0'; ++p)
-        valid = *p >= L'0' && *p <= L'9';
-    const unsigned long port = valid ? wcstoul(text, nullptr, 10) : 0;
-    if (port < 1 || port > 65535) {
-        PrintLocalError(MSG_INVALID_IP_PORT);
-        Usage(op::Set, 0);
-    }
-    return port;
+    return cl.IsPresent(sw::port) ? cl.SingleNumber(sw::port) : defaultPort;
 }
 
-// The -pwd value when one is given; with -pwd alone or without -pwd, the prompt.
+// Only an absent -pwd prompts. Given without a value or with several, the
+// password is empty and nothing is asked.
 SecretText ReadPasswordSwitch(const CCommandLine &cl) {
-    const CCommandLine::ValueList *values = cl.Values(sw::pwd);
-    if (values != nullptr && values->size() == 1)
-        return SecretText((*values)[0].c_str());
-    if (values != nullptr && values->size() > 1)
-        Usage(op::Set, 0);
-    return ReadPassword();
+    const wchar_t *given = cl.Password();
+    return given != nullptr ? SecretText(given) : ReadPassword();
 }
 
 void SetProtocol(const CCommandLine &cl, HRESULT &hr) {
@@ -90,9 +72,7 @@ void SetProtocol(const CCommandLine &cl, HRESULT &hr) {
     record.Get()->dwProtocolType = type.type;
     record.Get()->dwPort = ReadPort(cl, type.port);
     if (type.type != kRpc) {
-        const wchar_t *user = cl.SingleValue(sw::user);
-        if (user == nullptr || user[0] == L'\0')
-            Usage(op::Set, MSG_USAGE_USER_NAME);
+        const wchar_t *user = RequiredValue(cl, sw::user, cmd::TransportProtocol, op::Set, MSG_USAGE_USER_NAME);
         record.SetText(&TransportProtocolInfo::wszUserName, user);
         const SecretText password = ReadPasswordSwitch(cl);
         record.SetText(&TransportProtocolInfo::wszPassword, password.Get());

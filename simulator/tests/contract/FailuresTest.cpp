@@ -48,15 +48,19 @@ std::wstring ErrorDescription() {
 }
 
 // Across processes, as cvcli reads it: GetErrorInfo right after the call.
+// An empty explanation is still an error object; only a response without one clears it.
 TEST(Failures, TheServiceExplanationReachesTheClientAndGoesWithTheNextSuccess) {
     WriteScenario(R"({"methods": {"IVirtualDisk.EnumerateDisks": [
-        {"result": "0xC004020F", "errorDescription": "The LUN is busy."}, {}]}})");
+        {"result": "0xC004020F", "errorDescription": "The LUN is busy."},
+        {"result": "0xC004020F", "errorDescription": ""}, {}]}})");
     ComPtr<IUnknown> object;
     ASSERT_EQ(Create(CLSID_VirtualDiskService, IID_IVirtualDisk, object), S_OK);
     IVirtualDisk *disk = static_cast<IVirtualDisk *>(object.Get());
     DiskInfoList list{};
     EXPECT_EQ(disk->EnumerateDisks(&list), static_cast<HRESULT>(0xC004020F));
     EXPECT_EQ(ErrorDescription(), L"The LUN is busy.");
+    EXPECT_EQ(disk->EnumerateDisks(&list), static_cast<HRESULT>(0xC004020F));
+    EXPECT_EQ(ErrorDescription(), L"");
     EXPECT_EQ(disk->EnumerateDisks(&list), S_OK);
     EXPECT_EQ(ErrorDescription(), L"(none)");
     WriteScenario(kScenario);

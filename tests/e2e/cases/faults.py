@@ -48,6 +48,9 @@ CASES = [
     Case("a description with LF and CR LF line ends", ["disk", "list"],
          alert(5362, 0x80004005, description="first line\nsecond line\r\nthird line"), 0x80004005,
          scenario=listing(result="E_FAIL", errorDescription="first line\nsecond line\r\nthird line")),
+    # An error object with an empty description: the message and the separator, nothing after them.
+    Case("an empty description", ["disk", "list"], alert(5362, 0x80004005, description=""), 0x80004005,
+         scenario=listing(result="E_FAIL", errorDescription="")),
     Case("a zero count with no array", ["disk", "list"], NO_LUNS + completion(), S_OK, scenario=listing()),
     Case("events after the call has returned", ["disk", "list"], status=S_OK,
          scenario=listing(lateEvents=[{"event": "ProgressMessage", "subject": "filer-east", "code": 28}]),

@@ -95,9 +95,13 @@ LIST_CASES = [
          scenario=groups(FCP_GROUP, result=1)),
 ] + refusals("list", LIST, "IIGroup.ListIGroups", output=failed(LISTING, LIST_FAILED), data={"groups": [FCP_GROUP]}) \
   + usage_cases("list", ["igroup", "list"], LIST_USAGE, [
-    # The one reader of every required switch of the family: absent, without a value, twice, empty.
+    # The one reader of every required switch of the family: absent, without a value, twice (an empty value is a value).
     ("no -f", [], MSG_USAGE_STORAGE_SYSTEM), ("-f without a value", ["-f"], MSG_USAGE_STORAGE_SYSTEM),
-    ("-f twice", ["-f", "a", "-f", "b"], MSG_USAGE_STORAGE_SYSTEM), ("-f empty", ["-f", ""], MSG_USAGE_STORAGE_SYSTEM)])
+    ("-f twice", ["-f", "a", "-f", "b"], MSG_USAGE_STORAGE_SYSTEM)]) + [
+    Case("list: an empty storage system name is sent as given", ["igroup", "list", "-f", ""],
+         LISTING + "\n\nNo Initiator groups are found...\n\n" + completion(), S_OK,
+         check=sent("IIGroup.ListIGroups", storageSystem="")),
+]
 
 CREATE_CASES = [
     Case("create: " + what, argv, CREATING + completion(), S_OK, calls=["IIGroup.CreateIGroup"],
@@ -110,6 +114,7 @@ CREATE_CASES = [
          ["i" * 127]),
         ("switches in any order, non-ASCII names", ["igroup", "create", "-ig", "grüppe", "-I", "hôst", "iqn.ü", "-f",
                                                     "filer-east"], "hôst", "grüppe", ["iqn.ü"]),
+        ("empty names are sent as given", CREATE + ["-I", "", "", "-ig", ""], "", "", [""]),
     ]
 ] + usage_cases("create", CREATE, CREATE_USAGE, [
     ("pairs of two nodes", ["-I", "HOST1", "iqn.a", "HOST2", "iqn.b", "-ig", "grp1"], MSG_USAGE_SAME_NODE),
@@ -121,7 +126,6 @@ CREATE_CASES = [
      "\nError: duplicated initiator - iqn.a !!!\n"),
     ("a node name too long for its field", ["-I", "N" * 32, "iqn.a", "-ig", "grp1"], MSG_USAGE_INITIATORS),
     ("an initiator name too long for its field", ["-I", "HOST1", "i" * 128, "-ig", "grp1"], MSG_USAGE_INITIATORS),
-    ("an empty initiator name", ["-I", "HOST1", "", "-ig", "grp1"], MSG_USAGE_INITIATORS),
     ("no -ig", ["-I", "HOST1", "iqn.a"], MSG_USAGE_IGROUP_NAME),
     ("a group name too long for its field", ["-I", "HOST1", "iqn.a", "-ig", "g" * 128], MSG_USAGE_IGROUP_NAME),
 ]) + usage_cases("create", ["igroup", "create"], CREATE_USAGE, [

@@ -80,6 +80,7 @@ CHANGE_CASES = [
         ("another system has the address: kept", set_ip("filer-dr", "10.30.0.21"), [EAST, WEST], None),
         ("a name in another case is another system", set_ip("FILER-WEST", "10.30.0.99"), [EAST, WEST],
          [EAST, WEST, entry("FILER-WEST", "10.30.0.99")]),
+        ("an empty name holds no refused character", set_ip("", "10.40.0.31"), [EAST], [EAST, entry("", "10.40.0.31")]),
         ("an entry in the middle", DELETE_WEST, [EAST, WEST, DR], [EAST, DR]),
         ("the last entry leaves an empty table", DELETE_WEST, [WEST], []),
     ]
@@ -102,7 +103,7 @@ FAILURE_CASES = [
 USAGE_CASES = usage_cases("set", ["preferredIP", "set"], SET_USAGE, [
     (what, argv, MSG_USAGE_VALID_STORAGE_SYSTEM) for what, argv in [
         ("nothing given", []), ("-f missing", ["-IP", "10.40.0.31"]),
-        ("-f twice", ["-f", "a", "-f", "b", "-IP", "10.40.0.31"]), ("-f empty", ["-f", "", "-IP", "10.40.0.31"]),
+        ("-f twice", ["-f", "a", "-f", "b", "-IP", "10.40.0.31"]),
         ("-f with a blank", ["-f", "filer dr", "-IP", "10.40.0.31"])]  # the other characters: the unit tests
 ] + [
     (what, ["-f", "filer-dr"] + argv, MSG_USAGE_PREFERRED_IP) for what, argv in [

@@ -93,7 +93,7 @@ FILES = [("readme.txt", "/vol/sql_data/readme.txt"), ("Dätä-東.txt", "/vol/sq
 ONE_FILE = [("notes", "/vol/sql_data/notes")]
 NEWER = [("nightly.0", False, True, None), ("nightly.1", True, True, "lun_test"), ("hourly.5", True, False, None),
          ("Sicherung-Ü.東", True, True, "klon-Ü")]
-ONE_NEWER = [("nightly.1", True, False, "busy,snapmirror")]
+ONE_NEWER = [("nightly.1", True, False, "busy,mirror")]
 MANY_NEWER = [("hourly.%d" % i, i % 2 == 0, i % 3 == 0, "clone_%d" % i if i % 4 == 0 else None) for i in range(60)]
 # (name, scenario, expected output before the alert or the completion, status)
 CHECK_RUNS = [

@@ -4,7 +4,6 @@ from harness import password_digest, E_INVALIDARG, S_OK, Case, alert, completion
 from cases.host_common import (CONNECT_E_NOCONNECTION, LOCAL, NO_SINK, failure_line, no_password, nothing_called,
                                refusals, sent, usage_cases)
 
-MSG_INVALID_IP_PORT = 5307
 MSG_USAGE_STORAGE_SYSTEM = 5607
 MSG_USAGE_PROTOCOL_TYPE = 5643
 MSG_USAGE_INVALID_PROTOCOL_TYPE = 5644
@@ -108,28 +107,32 @@ SET_CASES = [
         ("the highest port", SET_F + ["-type", "HTTPS", "-port", "65535", "-user", "r", "-pwd", "p"], "",
          ("filer-east", 3, 65535, "r", "p")),
         ("port 1", SET_F + ["-type", "RPC", "-port", "1"], "", ("filer-east", 1, 1)),
-        # Without a console the prompt reads no key: the input ends at once, never a hang
-        ("-pwd without a value and no console", SET_F + ["-type", "HTTPS", "-user", "root", "-pwd"], PROMPT,
-         ("filer-east", 3, 443, "root", "")),
+        # Only an absent -pwd prompts; without a console the prompt reads no key and the input ends at once
         ("no -pwd and no console", SET_F + ["-type", "HTTP", "-user", "root"], PROMPT, ("filer-east", 2, 80, "root", "")),
+        ("-pwd at the end of the line: an empty password, no prompt",
+         SET_F + ["-type", "HTTPS", "-user", "root", "-pwd"], "", ("filer-east", 3, 443, "root", "")),
+        ("-pwd before another switch: an empty password, no prompt",
+         SET + ["-type", "HTTPS", "-user", "root", "-pwd", "-f", "filer-east"], "", ("filer-east", 3, 443, "root", "")),
+        ("-pwd with two values: an empty password, no prompt",
+         SET + ["-f", "filer01", "-type", "HTTP", "-user", "admin", "-pwd", "one", "two"], "", ("filer01", 2, 80, "admin", "")),
+        ("an empty storage system name and user name are sent as given",
+         SET + ["-f", "", "-type", "HTTP", "-user", "", "-pwd", "p"], "", ("", 2, 80, "", "p")),
     ]
+] + [
+    # A given -port replaces the type's port with the number _wtoi reads: text that is no number is 0
+    Case("set: -port %r" % port, SET_F + ["-type", "HTTP", "-port"] + port + ["-user", "root", "-pwd", "p"],
+         "\n" + completion(), S_OK, check=stored("filer-east", 2, sent, "root", "p"))
+    for port, sent in [(["abc"], 0), (["0"], 0), (["65536"], 65536), (["80a"], 80), (["+80"], 80), ([" 80"], 80),
+                       ([""], 0), (["99999999"], 99999999), (["-1"], 0xFFFFFFFF),
+                       ([], 0xFFFFFFFF), (["80", "81"], 0xFFFFFFFF)]
 ] + usage_cases("set", SET, SET_USAGE, [
     ("neither -f nor -default", ["-type", "RPC"], MSG_USAGE_STORAGE_SYSTEM),
-    ("-f empty", ["-f", "", "-type", "RPC"], MSG_USAGE_STORAGE_SYSTEM),
     ("no -type", ["-f", "filer-east", "-user", "root"], MSG_USAGE_PROTOCOL_TYPE),
     ("-type twice", ["-f", "filer-east", "-type", "HTTP", "-type", "RPC"], MSG_USAGE_PROTOCOL_TYPE),
     ("an unknown type", ["-f", "filer-east", "-type", "FTP"], MSG_USAGE_INVALID_PROTOCOL_TYPE),
     ("HTTPS without -user, before any prompt", ["-f", "filer-east", "-type", "HTTPS"], MSG_USAGE_USER_NAME),
-    ("-user empty", ["-f", "filer-east", "-type", "HTTP", "-user", ""], MSG_USAGE_USER_NAME),
-], check=nothing_called) + [
-    # The port's own text (through FormatMessageW: CR LF), then the usage without a message.
-    Case("set: port %r" % port, SET_F + ["-type", "HTTP", "-port"] + port + ["-user", "root", "-pwd", "p"],
-         msg(MSG_INVALID_IP_PORT).replace("\n", "\r\n") + SET_USAGE, E_INVALIDARG, check=nothing_called)
-    for port in [["0"], ["65536"], ["99999999"], ["-1"], ["+80"], ["80a"], ["abc"], [""], [" 80"], []]
-] + [
-    Case("set: -pwd with two values", SET_F + ["-type", "HTTP", "-user", "root", "-pwd", "a", "b"], SET_USAGE,
-         E_INVALIDARG, check=nothing_called),
-] + refusals("set: the check", SET_F + ["-type", "HTTPS", "-user", "root", "-pwd", SECRET], CHECK, MSG_SET_FAILED,
+    ("-user twice", ["-f", "filer-east", "-type", "HTTP", "-user", "a", "-user", "b"], MSG_USAGE_USER_NAME),
+], check=nothing_called) + refusals("set: the check", SET_F + ["-type", "HTTPS", "-user", "root", "-pwd", SECRET], CHECK, MSG_SET_FAILED,
              calls=[CHECK], check=no_password(SECRET)) \
   + refusals("set: the write", SET_F + ["-type", "HTTP", "-user", "root", "-pwd", SECRET], SET_METHOD, calls=[
       CHECK, SET_METHOD], check=no_password(SECRET), output=lambda hr, description: "\nProtocol set failed\n" + alert(

@@ -4,13 +4,13 @@
 #include "MessageIds.h"
 #include "commands/Handlers.h"
 #include "commands/snap/SnapMountRequest.h"
-#include "commands/snap/SnapRestoreVolume.h"
+#include "commands/snap/VolumeRestore.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
 
-void SnapRestore(CCommandLine &cl) {
+void SnapshotRestore(CCommandLine &cl) {
     ComPtr<ISnapShotManage> manage;
     CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, manage);
     EventConnection progress = ConnectSink<CSnapShotEvents>(manage.Get());
@@ -21,7 +21,7 @@ void SnapRestore(CCommandLine &cl) {
     CheckServiceCall(manage->RestoreSnapshot(mountPoint.Get(), snapshotName.Get()), MSG_RESTORE_SNAPSHOT_FAILED);
 }
 
-void SnapRestoreVolume(CCommandLine &cl) {
+void VolumeRestore(CCommandLine &cl) {
     ComPtr<ISnapShotVolumeRestore> restore;
     CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, restore);
     const VolumeRestoreTarget target = RequireVolumeRestoreTarget(cl, op::RestoreVolume);

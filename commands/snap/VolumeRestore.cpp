@@ -1,4 +1,4 @@
-#include "commands/snap/SnapRestoreVolume.h"
+#include "commands/snap/VolumeRestore.h"
 
 #include "MessageIds.h"
 #include "front_end/Switches.h"

@@ -4,7 +4,7 @@
 // relationship.
 #include "MessageIds.h"
 #include "commands/Handlers.h"
-#include "commands/snap/SnapRestoreVolume.h"
+#include "commands/snap/VolumeRestore.h"
 #include "front_end/Console.h"
 #include "front_end/Words.h"
 #include "service/ServiceAccess.h"
@@ -62,7 +62,7 @@ void PrintNewerSnapshots(const NewerSnapshotList &newer) {
 
 } // namespace
 
-void SnapRestoreVolumeCheck(CCommandLine &cl) {
+void VolumeRestoreCheck(CCommandLine &cl) {
     ComPtr<ISnapShotVolumeRestore> restore;
     CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, restore);
     const VolumeRestoreTarget target = RequireVolumeRestoreTarget(cl, op::RestoreVolumeCheck);

@@ -1,4 +1,4 @@
-#include "commands/snap/SnapMirrorPrinters.h"
+#include "commands/snap/MirrorPrinters.h"
 
 #include "front_end/Console.h"
 #include "front_end/Messages.h"

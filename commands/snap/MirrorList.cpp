@@ -2,8 +2,8 @@
 // or of each LUN of a mount point list.
 #include "MessageIds.h"
 #include "commands/Handlers.h"
+#include "commands/snap/MirrorPrinters.h"
 #include "commands/snap/SnapListRecords.h"
-#include "commands/snap/SnapMirrorPrinters.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
@@ -60,7 +60,7 @@ void ListMountPoints(ISnapShotDrives *drives, const CCommandLine::ValueList &val
 
 } // namespace
 
-void SnapMirrorList(CCommandLine &cl) {
+void ListMirrors(CCommandLine &cl) {
     ComPtr<ISnapShotMount> mount;
     CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, mount);
     // Both interfaces come from the one object; a service without the second is unusable here.

@@ -51,7 +51,7 @@ void SnapRename(CCommandLine &cl) {
                      MSG_RENAME_SNAPSHOT_FAILED);
 }
 
-void SnapUpdateMirror(CCommandLine &cl) {
+void MirrorUpdate(CCommandLine &cl) {
     ManageSession session = OpenManage(cl);
     const std::wstring mountPoint = RequireSnapMountPoint(cl, op::UpdateMirror);
 
