@@ -1,239 +1,134 @@
 // Every switch word that cvcli reads. Handlers look switches up and help prints
-// them through these constants, so the two can never disagree.
-// Switch words are case-sensitive: sw::s and sw::S are different switches.
+// them through these constants, so the two can never disagree. Each word is
+// written once, in the list below, which gives both the constant (sw::m) and
+// sw::kAll. Switch words are case-sensitive: sw::s and sw::S are different
+// switches.
 #pragma once
 
+// X(constant, word)
+#define CV_SWITCH_WORDS(X)                                                                                                       \
+    X(m, L"-m")                                                                                                                  \
+    X(d, L"-d")                                                                                                                  \
+    X(s, L"-s")                                                                                                                  \
+    X(S, L"-S")                                                                                                                  \
+    X(D, L"-D")                                                                                                                  \
+    X(G, L"-G")                                                                                                                  \
+    X(DS, L"-DS")                                                                                                                \
+    X(a, L"-a")                                                                                                                  \
+    X(g, L"-g")                                                                                                                  \
+    X(force, L"-force")                                                                                                          \
+    X(o, L"-o")                                                                                                                  \
+    X(n, L"-n")                                                                                                                  \
+    X(k, L"-k")                                                                                                                  \
+    X(r, L"-r")                                                                                                                  \
+    X(l, L"-l")                                                                                                                  \
+    X(p, L"-p")                                                                                                                  \
+    X(nosr, L"-nosr")                                                                                                            \
+    X(e, L"-e")                                                                                                                  \
+    X(I, L"-I")                                                                                                                  \
+    X(c, L"-c")                                                                                                                  \
+    X(dtype, L"-dtype")                                                                                                          \
+    X(smdest, L"-smdest")                                                                                                        \
+    X(f, L"-f")                                                                                                                  \
+    X(z, L"-z")                                                                                                                  \
+    X(x, L"-x")                                                                                                                  \
+    X(ID, L"-ID")                                                                                                                \
+    X(i, L"-i")                                                                                                                  \
+    X(t, L"-t")                                                                                                                  \
+    X(np, L"-np")                                                                                                                \
+    X(volume, L"-volume")                                                                                                        \
+    X(h, L"-h")                                                                                                                  \
+    X(hp, L"-hp")                                                                                                                \
+    X(u, L"-u")                                                                                                                  \
+    X(IP, L"-IP")                                                                                                                \
+    X(mp, L"-mp")                                                                                                                \
+    X(vn, L"-vn")                                                                                                                \
+    X(create_folder, L"-create_folder")                                                                                          \
+    X(mi, L"-mi")                                                                                                                \
+    X(rap, L"-rap")                                                                                                              \
+    X(roc, L"-roc")                                                                                                              \
+    X(ccs, L"-ccs")                                                                                                              \
+    X(s1, L"-s1")                                                                                                                \
+    X(s2, L"-s2")                                                                                                                \
+    X(rs, L"-rs")                                                                                                                \
+    X(sdf, L"-sdf")                                                                                                              \
+    X(sdv, L"-sdv")                                                                                                              \
+    X(int_, L"-int")                                                                                                             \
+    X(trydrive, L"-trydrive")                                                                                                    \
+    X(detail, L"-detail")                                                                                                        \
+    X(old, L"-old")                                                                                                              \
+    X(break_, L"-break")                                                                                                         \
+    X(debug, L"-debug")                                                                                                          \
+    X(wait, L"-wait")                                                                                                            \
+    X(local, L"-local")                                                                                                          \
+    X(event_id, L"-event_id")                                                                                                    \
+    X(source, L"-source")                                                                                                        \
+    X(app_version, L"-app_version")                                                                                              \
+    X(category, L"-category")                                                                                                    \
+    X(description, L"-description")                                                                                              \
+    X(logging_level, L"-logging_level")                                                                                          \
+    X(hcal, L"-hcal")                                                                                                            \
+    X(remote, L"-remote")                                                                                                        \
+    X(ig, L"-ig")                                                                                                                \
+    X(igNew, L"-igNew")                                                                                                          \
+    X(IG, L"-IG")                                                                                                                \
+    X(default_, L"-default")                                                                                                     \
+    X(type, L"-type")                                                                                                            \
+    X(port, L"-port")                                                                                                            \
+    X(user, L"-user")                                                                                                            \
+    X(pwd, L"-pwd")                                                                                                              \
+    X(enablehttps, L"-enablehttps")                                                                                              \
+    X(set, L"-set")                                                                                                              \
+    X(qrm, L"-qrm")                                                                                                              \
+    X(host, L"-host")                                                                                                            \
+    X(dn, L"-dn")                                                                                                                \
+    X(AP, L"-AP")                                                                                                                \
+    X(md, L"-md")                                                                                                                \
+    X(mdf, L"-mdf")                                                                                                              \
+    X(an, L"-an")                                                                                                                \
+    X(av, L"-av")                                                                                                                \
+    X(as, L"-as")                                                                                                                \
+    X(dd, L"-dd")                                                                                                                \
+    X(bv, L"-bv")                                                                                                                \
+    X(BV, L"-BV")                                                                                                                \
+    X(maketime, L"-maketime")                                                                                                    \
+    X(pn, L"-pn")                                                                                                                \
+    X(job, L"-job")                                                                                                              \
+    X(P, L"-P")                                                                                                                  \
+    X(rt, L"-rt")                                                                                                                \
+    X(SAP, L"-SAP")                                                                                                              \
+    X(DAP, L"-DAP")                                                                                                              \
+    X(sap, L"-sap")                                                                                                              \
+    X(dap, L"-dap")                                                                                                              \
+    X(version, L"-version")                                                                                                      \
+    X(desc, L"-desc")                                                                                                            \
+    X(Standalone, L"-Standalone")                                                                                                \
+    X(newpath, L"-newpath")                                                                                                      \
+    X(dm, L"-dm")                                                                                                                \
+    X(hh, L"-hh")                                                                                                                \
+    X(mm, L"-mm")                                                                                                                \
+    X(pt, L"-pt")                                                                                                                \
+    X(transfer, L"-transfer")                                                                                                    \
+    X(propagate, L"-propagate")                                                                                                  \
+    X(SL, L"-SL")                                                                                                                \
+    X(nn, L"-nn")                                                                                                                \
+    X(filename, L"-filename")                                                                                                    \
+    X(aoe, L"-aoe")                                                                                                              \
+    X(SVS, L"-SVS")                                                                                                              \
+    X(R, L"-R")                                                                                                                  \
+    X(SV, L"-SV")                                                                                                                \
+    X(threads, L"-threads")                                                                                                      \
+    X(SLM, L"-SLM")                                                                                                              \
+    X(trace, L"-trace")                                                                                                          \
+    X(alternate, L"-alternate")
+
 namespace sw {
-constexpr const wchar_t *m = L"-m";
-constexpr const wchar_t *d = L"-d";
-constexpr const wchar_t *s = L"-s";
-constexpr const wchar_t *S = L"-S";
-constexpr const wchar_t *D = L"-D";
-constexpr const wchar_t *G = L"-G";
-constexpr const wchar_t *DS = L"-DS";
-constexpr const wchar_t *a = L"-a";
-constexpr const wchar_t *g = L"-g";
-constexpr const wchar_t *force = L"-force";
-constexpr const wchar_t *o = L"-o";
-constexpr const wchar_t *n = L"-n";
-constexpr const wchar_t *k = L"-k";
-constexpr const wchar_t *r = L"-r";
-constexpr const wchar_t *l = L"-l";
-constexpr const wchar_t *p = L"-p";
-constexpr const wchar_t *nosr = L"-nosr";
-constexpr const wchar_t *e = L"-e";
-constexpr const wchar_t *I = L"-I";
-constexpr const wchar_t *c = L"-c";
-constexpr const wchar_t *dtype = L"-dtype";
-constexpr const wchar_t *smdest = L"-smdest";
-constexpr const wchar_t *f = L"-f";
-constexpr const wchar_t *z = L"-z";
-constexpr const wchar_t *x = L"-x";
-constexpr const wchar_t *ID = L"-ID";
-constexpr const wchar_t *i = L"-i";
-constexpr const wchar_t *t = L"-t";
-constexpr const wchar_t *np = L"-np";
-constexpr const wchar_t *volume = L"-volume";
-constexpr const wchar_t *h = L"-h";
-constexpr const wchar_t *hp = L"-hp";
-constexpr const wchar_t *u = L"-u";
-constexpr const wchar_t *IP = L"-IP";
-constexpr const wchar_t *mp = L"-mp";
-constexpr const wchar_t *vn = L"-vn";
-constexpr const wchar_t *create_folder = L"-create_folder";
-constexpr const wchar_t *mi = L"-mi";
-constexpr const wchar_t *rap = L"-rap";
-constexpr const wchar_t *roc = L"-roc";
-constexpr const wchar_t *ccs = L"-ccs";
-constexpr const wchar_t *s1 = L"-s1";
-constexpr const wchar_t *s2 = L"-s2";
-constexpr const wchar_t *rs = L"-rs";
-constexpr const wchar_t *sdf = L"-sdf";
-constexpr const wchar_t *sdv = L"-sdv";
-constexpr const wchar_t *int_ = L"-int";
-constexpr const wchar_t *trydrive = L"-trydrive";
-constexpr const wchar_t *detail = L"-detail";
-constexpr const wchar_t *old = L"-old";
-constexpr const wchar_t *break_ = L"-break";
-constexpr const wchar_t *debug = L"-debug";
-constexpr const wchar_t *wait = L"-wait";
-constexpr const wchar_t *local = L"-local";
-constexpr const wchar_t *event_id = L"-event_id";
-constexpr const wchar_t *source = L"-source";
-constexpr const wchar_t *app_version = L"-app_version";
-constexpr const wchar_t *category = L"-category";
-constexpr const wchar_t *description = L"-description";
-constexpr const wchar_t *logging_level = L"-logging_level";
-constexpr const wchar_t *hcal = L"-hcal";
-constexpr const wchar_t *remote = L"-remote";
-constexpr const wchar_t *ig = L"-ig";
-constexpr const wchar_t *igNew = L"-igNew";
-constexpr const wchar_t *IG = L"-IG";
-constexpr const wchar_t *default_ = L"-default";
-constexpr const wchar_t *type = L"-type";
-constexpr const wchar_t *port = L"-port";
-constexpr const wchar_t *user = L"-user";
-constexpr const wchar_t *pwd = L"-pwd";
-constexpr const wchar_t *enablehttps = L"-enablehttps";
-constexpr const wchar_t *set = L"-set";
-constexpr const wchar_t *qrm = L"-qrm";
-constexpr const wchar_t *host = L"-host";
-constexpr const wchar_t *dn = L"-dn";
-constexpr const wchar_t *AP = L"-AP";
-constexpr const wchar_t *md = L"-md";
-constexpr const wchar_t *mdf = L"-mdf";
-constexpr const wchar_t *an = L"-an";
-constexpr const wchar_t *av = L"-av";
-constexpr const wchar_t *as = L"-as";
-constexpr const wchar_t *dd = L"-dd";
-constexpr const wchar_t *bv = L"-bv";
-constexpr const wchar_t *BV = L"-BV";
-constexpr const wchar_t *maketime = L"-maketime";
-constexpr const wchar_t *pn = L"-pn";
-constexpr const wchar_t *job = L"-job";
-constexpr const wchar_t *P = L"-P";
-constexpr const wchar_t *rt = L"-rt";
-constexpr const wchar_t *SAP = L"-SAP";
-constexpr const wchar_t *DAP = L"-DAP";
-constexpr const wchar_t *sap = L"-sap";
-constexpr const wchar_t *dap = L"-dap";
-constexpr const wchar_t *version = L"-version";
-constexpr const wchar_t *desc = L"-desc";
-constexpr const wchar_t *Standalone = L"-Standalone";
-constexpr const wchar_t *newpath = L"-newpath";
-constexpr const wchar_t *dm = L"-dm";
-constexpr const wchar_t *hh = L"-hh";
-constexpr const wchar_t *mm = L"-mm";
-constexpr const wchar_t *pt = L"-pt";
-constexpr const wchar_t *transfer = L"-transfer";
-constexpr const wchar_t *propagate = L"-propagate";
-constexpr const wchar_t *SL = L"-SL";
-constexpr const wchar_t *nn = L"-nn";
-constexpr const wchar_t *filename = L"-filename";
-constexpr const wchar_t *aoe = L"-aoe";
-constexpr const wchar_t *SVS = L"-SVS";
-constexpr const wchar_t *R = L"-R";
-constexpr const wchar_t *SV = L"-SV";
-constexpr const wchar_t *threads = L"-threads";
-constexpr const wchar_t *SLM = L"-SLM";
-constexpr const wchar_t *trace = L"-trace";
-constexpr const wchar_t *alternate = L"-alternate";
+#define CV_SWITCH_CONSTANT(constant, word) constexpr const wchar_t *constant = word;
+CV_SWITCH_WORDS(CV_SWITCH_CONSTANT)
+#undef CV_SWITCH_CONSTANT
 
 // All of the above, for consistency checks.
-constexpr const wchar_t *kAll[] = {
-    m,
-    d,
-    s,
-    S,
-    D,
-    G,
-    DS,
-    a,
-    g,
-    force,
-    o,
-    n,
-    k,
-    r,
-    l,
-    p,
-    nosr,
-    e,
-    I,
-    c,
-    dtype,
-    smdest,
-    f,
-    z,
-    x,
-    ID,
-    i,
-    t,
-    np,
-    volume,
-    h,
-    hp,
-    u,
-    IP,
-    mp,
-    vn,
-    create_folder,
-    mi,
-    rap,
-    roc,
-    ccs,
-    s1,
-    s2,
-    rs,
-    sdf,
-    sdv,
-    int_,
-    trydrive,
-    detail,
-    old,
-    break_,
-    debug,
-    wait,
-    local,
-    event_id,
-    source,
-    app_version,
-    category,
-    description,
-    logging_level,
-    hcal,
-    remote,
-    ig,
-    igNew,
-    IG,
-    default_,
-    type,
-    port,
-    user,
-    pwd,
-    enablehttps,
-    set,
-    qrm,
-    host,
-    dn,
-    AP,
-    md,
-    mdf,
-    an,
-    av,
-    as,
-    dd,
-    bv,
-    BV,
-    maketime,
-    pn,
-    job,
-    P,
-    rt,
-    SAP,
-    DAP,
-    sap,
-    dap,
-    version,
-    desc,
-    Standalone,
-    newpath,
-    dm,
-    hh,
-    mm,
-    pt,
-    transfer,
-    propagate,
-    SL,
-    nn,
-    filename,
-    aoe,
-    SVS,
-    R,
-    SV,
-    threads,
-    SLM,
-    trace,
-    alternate,
-};
+#define CV_SWITCH_ENTRY(constant, word) word,
+constexpr const wchar_t *kAll[] = {CV_SWITCH_WORDS(CV_SWITCH_ENTRY)};
+#undef CV_SWITCH_ENTRY
 } // namespace sw

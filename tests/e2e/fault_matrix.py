@@ -49,9 +49,11 @@ LATE_EVENT = {"event": "ProgressMessage", "subject": "late", "code": 28}
 
 def dispatched_operations():
     """(command word, operation word, handler) of every row that has a handler."""
-    words = (harness.REPO / "front_end" / "Words.cpp").read_text()
-    commands = {ident: word for word, ident in re.findall(r'\{L"([^"]+)", cmd::(\w+)\}', words)}
-    operations = {ident: word for word, ident in re.findall(r'\{L"([^"]+)", op::(\w+)\}', words)}
+    words = (harness.REPO / "front_end" / "Words.h").read_text()
+    commands_part, operations_part = words.split("#define CV_OPERATION_WORDS")
+    row = r'X\((\w+), \d+, L"([^"]+)"\)'
+    commands = dict(re.findall(row, commands_part))
+    operations = dict(re.findall(row, operations_part))
     table = (harness.REPO / "app" / "Dispatch.cpp").read_text()
     rows = re.findall(r"\{cmd::(\w+), op::(\w+), (\w+)\}", table)
     return [(commands[c], operations[o], handler) for c, o, handler in rows if handler != "NotAvailable"]
