@@ -2,6 +2,7 @@
 
 #include "MessageIds.h"
 #include "app/Dispatch.h"
+#include "app/Operations.h"
 #include "front_end/AllocationSpy.h"
 #include "front_end/CommandLine.h"
 #include "front_end/Console.h"
@@ -79,13 +80,13 @@ HRESULT RunCommandLine(wchar_t **argv) {
         PrintGeneralUsage();
         return E_INVALIDARG;
     } catch (CommandUsageException &e) {
-        PrintCommandUsage(e.CommandId());
+        PrintCommandUsage(Operations(), e.CommandId());
         return E_INVALIDARG;
     } catch (OperationUsageException &e) {
         if (e.MessageId() != 0)
             PrintOperationMessage(e.MessageId());
         if (e.OperationId() != 0)
-            PrintOperationUsage(e.CommandId(), e.OperationId());
+            PrintOperationUsage(Operations(), e.CommandId(), e.OperationId());
         return E_INVALIDARG;
     } catch (AlertUserException &e) {
         PrintAlert(e.Hresult(), e.Text());

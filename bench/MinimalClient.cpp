@@ -6,6 +6,7 @@
 //   minimal_client.exe snap-list   creation, sink, ListSnapshots of drive E, the snapshot table
 //   minimal_client.exe help-snap   message library, COM and COM security, the snap help text
 //   minimal_client.exe empty       nothing at all
+#include "app/Operations.h"
 #include "app/Startup.h"
 #include "commands/common/DiskPrinters.h"
 #include "commands/common/DiskRecords.h"
@@ -87,7 +88,7 @@ int wmain(int argc, wchar_t **argv) {
     CaptureOutput(&text);
     int status = 0;
     if (wcscmp(mode, L"help-snap") == 0) {
-        PrintCommandUsage(cmd::Snap);
+        PrintCommandUsage(Operations(), cmd::Snap);
     } else if (wcscmp(mode, L"disk-list") == 0) {
         status = DiskList();
         PrintCompletionLine();

@@ -1,5 +1,6 @@
-// The three help printers and the operation lists of `help <command>`.
-// The usage blocks themselves live in the Usage*.cpp files, one per family.
+// The three help printers and the operation lists of `help <command>`. The
+// usage blocks are rows of the operation table, which the application layer
+// puts together and hands in.
 #include "front_end/Help.h"
 
 #include "front_end/Console.h"
@@ -51,9 +52,6 @@ constexpr unsigned kGeneralFirstRow[] = {cmd::Sysconfig, cmd::Disk,           cm
 constexpr unsigned kGeneralSecondRow[] = {cmd::PreferredIP, cmd::Spacemon, cmd::IGroup, cmd::SpaceReclaimer,
                                           cmd::TransportProtocol};
 
-constexpr UsageTable (*kUsageFamilies[])() = {SnapUsageTable, DiskUsageTable, ConnectivityUsageTable, SpaceUsageTable,
-                                              DataProtectionUsageTable};
-
 void PrintFormat(const wchar_t *format, const wchar_t *const *args, unsigned count) {
     PrintText(SubstituteStrings(format, args, count));
 }
@@ -66,11 +64,11 @@ template <size_t N> void PrintCommandRow(const unsigned (&row)[N]) {
     PrintText(L"\n");
 }
 
-// The command's operations are those that have a usage block, in the order of the blocks.
-void PrintOperationList(const CommandHelp &help) {
+// The command's operations are its rows, in their order.
+void PrintOperationList(const OperationTable &operations, const CommandHelp &help) {
     unsigned listed = 0;
-    for (unsigned i = 0; i < OperationUsageCount(); ++i) {
-        const OperationUsage &usage = OperationUsageAt(i);
+    for (unsigned i = 0; i < operations.Count(); ++i) {
+        const OperationRow &usage = operations.At(i);
         if (usage.command != help.command)
             continue;
         const wchar_t *word = OperationWord(usage.operation);
@@ -95,32 +93,25 @@ const CommandHelp *FindCommandHelp(unsigned commandId) {
     return nullptr;
 }
 
-unsigned OperationUsageCount() {
+unsigned OperationTable::Count() const {
     unsigned count = 0;
-    for (auto family : kUsageFamilies)
-        count += family().count;
+    for (unsigned f = 0; f < m_count; ++f)
+        count += m_families[f].count;
     return count;
 }
 
-const OperationUsage &OperationUsageAt(unsigned index) {
-    for (auto family : kUsageFamilies) {
-        UsageTable table = family();
-        if (index < table.count)
-            return table.rows[index];
-        index -= table.count;
-    }
-    // Out of range is a caller's bug; answer with the last block rather than crash.
-    UsageTable last = kUsageFamilies[sizeof(kUsageFamilies) / sizeof(kUsageFamilies[0]) - 1]();
-    return last.rows[last.count - 1];
+const OperationRow &OperationTable::At(unsigned index) const {
+    unsigned f = 0;
+    // Out of range is a caller's bug; answer with the last row rather than crash.
+    while (f + 1 < m_count && index >= m_families[f].count)
+        index -= m_families[f++].count;
+    return m_families[f].rows[index < m_families[f].count ? index : m_families[f].count - 1];
 }
 
-const OperationUsage *FindOperationUsage(unsigned commandId, unsigned operationId) {
-    for (auto family : kUsageFamilies) {
-        UsageTable table = family();
-        for (unsigned i = 0; i < table.count; ++i)
-            if (table.rows[i].command == commandId && table.rows[i].operation == operationId)
-                return &table.rows[i];
-    }
+const OperationRow *OperationTable::Find(unsigned commandId, unsigned operationId) const {
+    for (unsigned i = 0; i < Count(); ++i)
+        if (At(i).command == commandId && At(i).operation == operationId)
+            return &At(i);
     return nullptr;
 }
 
@@ -132,19 +123,19 @@ void PrintGeneralUsage() {
     PrintFormat(L"\nFor more information type \"%s %s <command>\"\n", args, 2);
 }
 
-void PrintCommandUsage(unsigned commandId) {
+void PrintCommandUsage(const OperationTable &operations, unsigned commandId) {
     const CommandHelp *help = FindCommandHelp(commandId);
     if (help == nullptr)
         return;
     const wchar_t *word = CommandWord(commandId);
     PrintFormat(help->heading, &word, 1);
-    PrintOperationList(*help);
+    PrintOperationList(operations, *help);
     const wchar_t *args[] = {g_programName, word, kHelpWord};
     PrintFormat(help->footer, args, 3);
 }
 
-void PrintOperationUsage(unsigned commandId, unsigned operationId) {
-    const OperationUsage *usage = FindOperationUsage(commandId, operationId);
+void PrintOperationUsage(const OperationTable &operations, unsigned commandId, unsigned operationId) {
+    const OperationRow *usage = operations.Find(commandId, operationId);
     if (usage == nullptr)
         return;
     const wchar_t *args[3 + 16] = {g_programName, CommandWord(commandId), OperationWord(operationId)};

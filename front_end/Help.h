@@ -3,6 +3,12 @@
 // of one operation). All name the program as it was invoked (g_programName).
 #pragma once
 
+#include "front_end/CommandLine.h"
+
+// Every operation handler: takes the switches, returns nothing, reports
+// failure only by the failure classes.
+using OperationHandler = void (*)(CCommandLine &);
+
 // One description line of an operation's usage. When switchWord is set, the
 // line's single "%s" is filled with it.
 struct UsageLine {
@@ -10,19 +16,41 @@ struct UsageLine {
     const wchar_t *switchWord;
 };
 
-// The usage block of one (command, operation), and with it the operation's
-// place in the list that `help <command>` prints. The syntax line starts with
+// One row per (command, operation) that cvcli knows: the handler that
+// dispatch calls (null for an operation that help describes and nothing
+// dispatches) and the usage block; the rows of a command, in their order, are
+// the list that `help <command>` prints. The syntax line starts with
 // "%s %s %s" (program, command word, operation word); each further "%s" is
-// filled, in order, from syntaxSwitches. Both arrays end at the first null
-// (a line with a null format). Switch words always come from the sw::
-// constants, so the help shows exactly the words that handlers look up.
-struct OperationUsage {
+// filled, in order, from syntaxSwitches. Both arrays end at the first null (a
+// line with a null format). Switch words always come from the sw:: constants,
+// so the help shows exactly the words that handlers look up.
+struct OperationRow {
     unsigned command;
     unsigned operation;
+    OperationHandler handler;
     const wchar_t *syntax;
     const wchar_t *syntaxSwitches[16];
     UsageLine lines[12];
     bool machineLine; // closes with the line about the local machine
+};
+
+// The rows of one family of commands.
+struct OperationRows {
+    const OperationRow *rows;
+    unsigned count;
+};
+
+// Every row, family after family; the application layer above puts it together.
+class OperationTable {
+public:
+    template <unsigned N> explicit OperationTable(const OperationRows (&families)[N]) : m_families(families), m_count(N) {}
+    unsigned Count() const;
+    const OperationRow &At(unsigned index) const;
+    const OperationRow *Find(unsigned commandId, unsigned operationId) const; // null when the pair has no row
+
+private:
+    const OperationRows *m_families;
+    unsigned m_count;
 };
 
 // What `help <command>` shows around the command's operation list; the list
@@ -35,23 +63,7 @@ struct CommandHelp {
 };
 
 const CommandHelp *FindCommandHelp(unsigned commandId);
-const OperationUsage *FindOperationUsage(unsigned commandId, unsigned operationId);
-
-// Every usage block, for consistency checks.
-unsigned OperationUsageCount();
-const OperationUsage &OperationUsageAt(unsigned index);
-
-// The usage blocks by command family, each defined in its own Usage*.cpp.
-struct UsageTable {
-    const OperationUsage *rows;
-    unsigned count;
-};
-UsageTable SnapUsageTable();           // snap, arkhold
-UsageTable DiskUsageTable();           // disk, sysconfig
-UsageTable ConnectivityUsageTable();   // fcp_initiator, iscsi_*, preferredIP, igroup, transport_protocol
-UsageTable SpaceUsageTable();          // spacemon, spacereclaimer, hidden
-UsageTable DataProtectionUsageTable(); // dataset, vsconfig, qrm_config, hyperv
 
 void PrintGeneralUsage();
-void PrintCommandUsage(unsigned commandId);
-void PrintOperationUsage(unsigned commandId, unsigned operationId);
+void PrintCommandUsage(const OperationTable &operations, unsigned commandId);
+void PrintOperationUsage(const OperationTable &operations, unsigned commandId, unsigned operationId);

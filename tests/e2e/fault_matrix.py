@@ -4,8 +4,8 @@ can fail, with nothing typed by hand but the faults themselves.
 
     python3 tests/e2e/fault_matrix.py [--build-dir build] [-k TEXT] [-v]
 
-The operations are the rows of the dispatch table that have a handler
-(app/Dispatch.cpp); each runs as its first documented example in
+The operations are the rows of the operation table that have a handler
+(app/Operations*.cpp); each runs as its first documented example in
 docs/commands.md against the demo scenario, and the calls that reach the
 simulator are the calls to break. An operation without an example fails the
 run, so the matrix grows with the handlers. For each call (the first and the
@@ -54,9 +54,11 @@ def dispatched_operations():
     row = r'X\((\w+), \d+, L"([^"]+)"\)'
     commands = dict(re.findall(row, commands_part))
     operations = dict(re.findall(row, operations_part))
-    table = (harness.REPO / "app" / "Dispatch.cpp").read_text()
-    rows = re.findall(r"\{cmd::(\w+), op::(\w+), (\w+)\}", table)
-    return [(commands[c], operations[o], handler) for c, o, handler in rows if handler != "NotAvailable"]
+    rows = []
+    for family in sorted((harness.REPO / "app").glob("Operations*.cpp")):
+        rows += re.findall(r"\{cmd::(\w+),\s*op::(\w+),\s*(\w+),", family.read_text())
+    return [(commands[c], operations[o], handler) for c, o, handler in rows
+            if handler not in ("nullptr", "OperationNotAvailable")]
 
 
 def documented_examples():

@@ -9,6 +9,7 @@
 // Run in a prefix where the service is not registered: every operation that
 // gets past its checks then fails to create the service, quickly and always the
 // same way.
+#include "app/Operations.h"
 #include "app/Startup.h"
 #include "front_end/Console.h"
 #include "front_end/Help.h"
@@ -48,8 +49,8 @@ public:
         for (unsigned i = 0; i < g_operationWordCount; ++i)
             m_operations.push_back(g_operationWords[i].word);
         std::set<std::wstring> switches;
-        for (unsigned i = 0; i < OperationUsageCount(); ++i) {
-            const OperationUsage &usage = OperationUsageAt(i);
+        for (unsigned i = 0; i < Operations().Count(); ++i) {
+            const OperationRow &usage = Operations().At(i);
             for (const wchar_t *word : usage.syntaxSwitches)
                 if (word != nullptr)
                     switches.insert(word);

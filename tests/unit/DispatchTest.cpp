@@ -1,4 +1,5 @@
 #include "app/Dispatch.h"
+#include "app/Operations.h"
 #include "front_end/Help.h"
 #include "front_end/Words.h"
 
@@ -7,6 +8,7 @@
 #include <cwctype>
 #include <set>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -37,39 +39,21 @@ TEST(WordsTest, UnknownAndMissingWordsGiveZero) {
     EXPECT_EQ(GetCommandId(L"fcp"), 0u);
 }
 
-TEST(DispatchTest, EveryPairReachesAtMostOneHandler) {
+// The one table against the words and the dispatch rules: every row names
+// known words, no pair has two rows (a second would be listed twice and never
+// dispatched), and a command whose unknown pairs print the general usage has
+// no handler at all.
+TEST(OperationTableTest, RowsAgreeWithWordsAndDispatchRules) {
     std::set<std::pair<unsigned, unsigned>> pairs;
-    for (unsigned i = 0; i < DispatchRowCount(); ++i) {
-        const DispatchRow &row = DispatchRowAt(i);
+    for (unsigned i = 0; i < Operations().Count(); ++i) {
+        const OperationRow &row = Operations().At(i);
         EXPECT_TRUE(pairs.insert({row.command, row.operation}).second) << row.command << "/" << row.operation;
-        EXPECT_NE(row.handler, nullptr);
         EXPECT_NE(CommandWord(row.command), nullptr);
         EXPECT_NE(OperationWord(row.operation), nullptr);
-    }
-}
-
-// Every operation that help offers for a command with handlers is either
-// dispatched or knowingly left to the command's usage text, and every
-// dispatched operation has a usage block (and so is offered by the help).
-TEST(DispatchTest, HelpAndDispatchAgree) {
-    std::set<std::pair<unsigned, unsigned>> helpOnly = {
-        {cmd::Hidden, op::ValidateConnectionParams}, {cmd::Hidden, op::ConnectStorages},
-        {cmd::Hidden, op::DisconnectStorages},       {cmd::Hidden, op::DoVbsr},
-        {cmd::Hidden, op::GetReflexaStatus},         {cmd::Hidden, op::BreakReflexas},
-        {cmd::Hidden, op::ResyncReflexas},           {cmd::Hidden, op::ReleaseReflexas},
-        {cmd::Hidden, op::GetClonaraStatus},
-    };
-    for (unsigned i = 0; i < OperationUsageCount(); ++i) {
-        const OperationUsage &usage = OperationUsageAt(i);
-        EXPECT_NE(FindCommandHelp(usage.command), nullptr) << usage.command;
-        const bool hasHandlers = UnlistedPairBehaviour(usage.command) != UnlistedPair::GeneralUsage;
-        const bool handled = FindHandler(usage.command, usage.operation) != nullptr;
-        EXPECT_EQ(handled, hasHandlers && helpOnly.count({usage.command, usage.operation}) == 0)
-            << usage.command << "/" << usage.operation;
-    }
-    for (unsigned i = 0; i < DispatchRowCount(); ++i) {
-        const DispatchRow &row = DispatchRowAt(i);
-        EXPECT_NE(FindOperationUsage(row.command, row.operation), nullptr) << row.command << "/" << row.operation;
+        EXPECT_NE(FindCommandHelp(row.command), nullptr) << row.command;
+        if (UnlistedPairBehaviour(row.command) == UnlistedPair::GeneralUsage) {
+            EXPECT_EQ(row.handler, nullptr) << row.command << "/" << row.operation;
+        }
     }
 }
 

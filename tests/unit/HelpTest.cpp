@@ -1,5 +1,5 @@
 #include "front_end/Help.h"
-#include "app/Startup.h"
+#include "app/Operations.h"
 #include "front_end/Console.h"
 #include "front_end/Process.h"
 #include "front_end/Switches.h"
@@ -66,9 +66,9 @@ TEST_F(HelpTest, EveryLevelNamesTheProgramAsInvoked) {
     SetName(L"storetool");
     PrintGeneralUsage();
     EXPECT_NE(Take().find(L"\"storetool help <command>\""), std::wstring::npos);
-    PrintCommandUsage(cmd::Disk);
+    PrintCommandUsage(Operations(), cmd::Disk);
     EXPECT_NE(Take().find(L"\"storetool disk help <operation>\""), std::wstring::npos);
-    PrintOperationUsage(cmd::Disk, op::List);
+    PrintOperationUsage(Operations(), cmd::Disk, op::List);
     EXPECT_EQ(Take().rfind(L"storetool disk list ", 0), 0u);
 }
 
@@ -112,13 +112,13 @@ TEST_F(HelpTest, CommandUsageTexts) {
         {99, L""},
     };
     for (const auto &c : cases) {
-        PrintCommandUsage(c.command);
+        PrintCommandUsage(Operations(), c.command);
         EXPECT_EQ(Take(), c.expected) << c.command;
     }
 }
 
 TEST_F(HelpTest, DatasetOperationsComeInThreeColumns) {
-    PrintCommandUsage(cmd::Dataset);
+    PrintCommandUsage(Operations(), cmd::Dataset);
     std::wstring text = Take();
     const std::wstring heading = L"\nThe dataset command performs operations on a dataset and related objects. The "
                                  L"following operations are available:\n";
@@ -149,8 +149,8 @@ TEST_F(HelpTest, DatasetOperationsComeInThreeColumns) {
 // Formats are filled by position: one "%s" too many or too few shifts every
 // word after it, and any other conversion would read a missing argument.
 TEST_F(HelpTest, UsageFormatsMatchTheirSwitches) {
-    for (unsigned i = 0; i < OperationUsageCount(); ++i) {
-        const OperationUsage &usage = OperationUsageAt(i);
+    for (unsigned i = 0; i < Operations().Count(); ++i) {
+        const OperationRow &usage = Operations().At(i);
         const std::wstring where = std::wstring(CommandWord(usage.command)) + L" " + OperationWord(usage.operation);
         unsigned switches = 0;
         while (switches < 16 && usage.syntaxSwitches[switches] != nullptr)
@@ -172,8 +172,8 @@ TEST_F(HelpTest, UsageFormatsMatchTheirSwitches) {
 
 TEST_F(HelpTest, UsageSwitchesAreKnownSwitchWords) {
     std::set<std::wstring> known(std::begin(sw::kAll), std::end(sw::kAll));
-    for (unsigned i = 0; i < OperationUsageCount(); ++i) {
-        const OperationUsage &usage = OperationUsageAt(i);
+    for (unsigned i = 0; i < Operations().Count(); ++i) {
+        const OperationRow &usage = Operations().At(i);
         for (const wchar_t *word : usage.syntaxSwitches) {
             if (word != nullptr) {
                 EXPECT_EQ(known.count(word), 1u) << OperationWord(usage.operation) << ": " << word;
@@ -187,21 +187,11 @@ TEST_F(HelpTest, UsageSwitchesAreKnownSwitchWords) {
     }
 }
 
-// The operation lists are the usage blocks: a second block would list the operation twice.
-TEST_F(HelpTest, EveryOperationHasAtMostOneUsageBlock) {
-    std::set<std::pair<unsigned, unsigned>> blocks;
-    for (unsigned i = 0; i < OperationUsageCount(); ++i) {
-        const OperationUsage &usage = OperationUsageAt(i);
-        EXPECT_TRUE(blocks.insert({usage.command, usage.operation}).second)
-            << "two blocks: " << CommandWord(usage.command) << " " << OperationWord(usage.operation);
-    }
-}
-
 // An operation that takes the machine switch ends with the local-machine line.
 // snap mount says it in its own words; mirror_list takes -m without showing it.
 TEST_F(HelpTest, MachineLineFollowsTheMachineSwitch) {
-    for (unsigned i = 0; i < OperationUsageCount(); ++i) {
-        const OperationUsage &usage = OperationUsageAt(i);
+    for (unsigned i = 0; i < Operations().Count(); ++i) {
+        const OperationRow &usage = Operations().At(i);
         if (usage.command == cmd::Snap && (usage.operation == op::Mount || usage.operation == op::MirrorList))
             continue;
         bool takesMachine = false;
@@ -229,7 +219,7 @@ TEST_F(HelpTest, QuotedBlocksPrintExactly) {
              kLocal},
     };
     for (const auto &c : cases) {
-        PrintOperationUsage(c.command, c.operation);
+        PrintOperationUsage(Operations(), c.command, c.operation);
         EXPECT_EQ(Take(), c.expected) << OperationWord(c.operation);
     }
 }
@@ -245,7 +235,7 @@ TEST_F(HelpTest, QuotedSyntaxLines) {
         {cmd::TransportProtocol, op::List, L"cvcli transport_protocol list [-m MachineName]\n"},
     };
     for (const auto &c : cases) {
-        PrintOperationUsage(c.command, c.operation);
+        PrintOperationUsage(Operations(), c.command, c.operation);
         EXPECT_EQ(FirstLine(Take()), c.expected) << OperationWord(c.operation);
     }
 }
@@ -254,7 +244,7 @@ TEST_F(HelpTest, PairWithoutUsagePrintsNothing) {
     const std::pair<unsigned, unsigned> cases[] = {
         {cmd::Snap, op::Start}, {cmd::Help, op::List}, {cmd::FcpInitiator, op::Create}, {cmd::None, op::None}};
     for (const auto &c : cases) {
-        PrintOperationUsage(c.first, c.second);
+        PrintOperationUsage(Operations(), c.first, c.second);
         EXPECT_EQ(Take(), L"") << c.first << "/" << c.second;
     }
 }

@@ -1,6 +1,8 @@
-// Usage blocks of the LUN command (disk) and of the configuration report (sysconfig).
-#include "front_end/Help.h"
+// The operation rows (handler and usage block) of the LUN command (disk) and of the configuration report (sysconfig).
+#include "app/Operations.h"
 
+#include "commands/Handlers.h"
+#include "front_end/Help.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
 
@@ -9,9 +11,10 @@ namespace {
 constexpr const wchar_t *kLunPathForm = L"<LUNPath> is <storagesystem name>:/vol/<volumename>/<lunname>, or the deprecated "
                                         L"\\\\<storagesystem name>\\<cifs share>\\<lunname>.\n";
 
-constexpr OperationUsage kRows[] = {
+constexpr OperationRow kRows[] = {
     {cmd::Disk,
      op::Create,
+     OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] %s <LUNPath> %s <MountPoint> %s <Size> [%s {shared|dedicated}] "
      L"[%s <NodeMachineName> <InitiatorName> [...] | %s <NodeMachineName> <InitiatorgroupName> [...]] [%s {y|n}]\n",
      {sw::m, sw::p, sw::d, sw::z, sw::dtype, sw::I, sw::IG, sw::rs},
@@ -25,12 +28,14 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::Disk,
      op::Delete,
+     DiskDelete,
      L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>}\n",
      {sw::m, sw::d, sw::p},
      {{L"Deletes a LUN, named by its mount point or by its LUN path.\n", nullptr}, {kLunPathForm, nullptr}},
      true},
     {cmd::Disk,
      op::Connect,
+     OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] %s <LUNPath> %s <MountPoint> [%s {shared|dedicated}] "
      L"[%s <NodeMachineName> <InitiatorName> [...] | %s <NodeMachineName> <InitiatorgroupName> [...]]\n",
      {sw::m, sw::p, sw::d, sw::dtype, sw::I, sw::IG},
@@ -40,6 +45,7 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::Disk,
      op::Disconnect,
+     DiskDisconnect,
      L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>} [%s]\n",
      {sw::m, sw::d, sw::p, sw::f},
      {{L"Disconnects a LUN from the host, named by its mount point or by its LUN path.\n", nullptr},
@@ -48,6 +54,7 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::Disk,
      op::Expand,
+     DiskExpand,
      L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>} %s <Size> [%s {y|n}]\n",
      {sw::m, sw::d, sw::p, sw::z, sw::rs},
      {{L"Expands a LUN by <Size>, named by its mount point or by its LUN path.\n", nullptr},
@@ -57,12 +64,14 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::Disk,
      op::List,
+     DiskList,
      L"%s %s %s [%s <MachineName>]\n",
      {sw::m},
      {{L"Lists the LUNs connected to the host and the initiator through which each is reached.\n", nullptr}},
      true},
     {cmd::Disk,
      op::AddInitiator,
+     OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>} "
      L"{%s <NodeMachineName> <InitiatorName> [...] | %s <NodeMachineName> <InitiatorgroupName> [...]}\n",
      {sw::m, sw::d, sw::p, sw::I, sw::IG},
@@ -70,6 +79,7 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::Disk,
      op::RemoveInitiator,
+     OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>} "
      L"{%s <NodeMachineName> <InitiatorName> [...] | %s <NodeMachineName> <InitiatorgroupName> [...]}\n",
      {sw::m, sw::d, sw::p, sw::I, sw::IG},
@@ -77,6 +87,7 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::Disk,
      op::AddMount,
+     DiskAddMount,
      L"%s %s %s [%s <MachineName>] %s <VolumeName> %s <MountPoint> [%s]\n",
      {sw::m, sw::vn, sw::mp, sw::create_folder},
      {{L"Adds a mount point (a drive letter or an empty folder) to the volume of a connected LUN.\n", nullptr},
@@ -85,6 +96,7 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::Disk,
      op::RemoveMount,
+     DiskRemoveMount,
      L"%s %s %s [%s <MachineName>] %s <VolumeName> %s <MountPoint>\n",
      {sw::m, sw::vn, sw::mp},
      {{L"Removes a mount point from the volume of a connected LUN.\n", nullptr},
@@ -93,6 +105,7 @@ constexpr OperationUsage kRows[] = {
 
     {cmd::Sysconfig,
      op::List,
+     OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] [%s <FileName>]\n",
      {sw::m, sw::filename},
      {{L"Reports the Corvane configuration of the host: version, cluster, drivers, FCP adapters and ports, iSCSI HBAs, "
@@ -104,6 +117,6 @@ constexpr OperationUsage kRows[] = {
 
 } // namespace
 
-UsageTable DiskUsageTable() {
+OperationRows DiskOperations() {
     return {kRows, sizeof(kRows) / sizeof(kRows[0])};
 }

@@ -1,14 +1,17 @@
-// Usage blocks of the snapshot commands: snap and arkhold.
-#include "front_end/Help.h"
+// The operation rows (handler and usage block) of the snapshot commands: snap and arkhold.
+#include "app/Operations.h"
 
+#include "commands/Handlers.h"
+#include "front_end/Help.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
 
 namespace {
 
-constexpr OperationUsage kRows[] = {
+constexpr OperationRow kRows[] = {
     {cmd::Snap,
      op::Create,
+     SnapCreate,
      L"%s %s %s  [%s <MachineName>] %s <SnapshotName> %s <MountPointList> [...] [%s] [%s [yes|no]]\n",
      {sw::m, sw::s, sw::D, sw::x, sw::u},
      {{L"Creates new snapshot copy of the LUNs.\n", nullptr},
@@ -21,24 +24,28 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::Snap,
      op::Delete,
+     SnapDelete,
      L"%s %s %s [%s <MachineName>] %s <MountPoint> %s <SnapshotName>\n",
      {sw::m, sw::d, sw::s},
      {{L"Deletes existing snapshot copy of a LUN.\n", nullptr}},
      true},
     {cmd::Snap,
      op::Restore,
+     SnapshotRestore,
      L"%s %s %s [%s <MachineName>] %s <MountPoint> %s <SnapshotName>\n",
      {sw::m, sw::d, sw::s},
      {{L"Restores a LUN  from a  snapshot copy.\n", nullptr}},
      true},
     {cmd::Snap,
      op::Rename,
+     SnapRename,
      L"%s %s %s [%s <MachineName>] %s <MountPoint>  %s <OldSnapshotName> %s <NewSnapshotName>\n",
      {sw::m, sw::d, sw::o, sw::n},
      {{L"Renames existing napshot copy of a LUN.\n", nullptr}},
      true},
     {cmd::Snap,
      op::List,
+     SnapList,
      L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <Storage System> %s <volume> | %s <MountPointList> }\n",
      {sw::m, sw::d, sw::sdf, sw::sdv, sw::D},
      {{L"Enumerates snapshot copies of a LUN.\n", nullptr}},
@@ -46,6 +53,7 @@ constexpr OperationUsage kRows[] = {
     // The mount block names both machines itself, so it has no closing machine line.
     {cmd::Snap,
      op::Mount,
+     SnapMount,
      L"%s %s %s [%s <MachineName>] [%s <LiveMachineName>] %s <LiveMountPoint> %s <SnapshotName> %s <MountPoint> "
      L"[%s][%s][%s <Storage System>][%s <Volume>]\n",
      {sw::m, sw::r, sw::k, sw::s, sw::d, sw::smdest, sw::trydrive, sw::sdf, sw::sdv},
@@ -66,6 +74,7 @@ constexpr OperationUsage kRows[] = {
      false},
     {cmd::Snap,
      op::Unmount,
+     SnapUnmount,
      L"%s %s %s [%s <MachineName>] %s <MountPoint> [%s]\n",
      {sw::m, sw::d, sw::f},
      {{L"Un-mounts a snapshot copy of a LUN mounted as a LUN.\n", nullptr},
@@ -75,24 +84,28 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::Snap,
      op::UpdateMirror,
+     MirrorUpdate,
      L"%s %s %s [%s <MachineName>] %s <MountPoint>\n",
      {sw::m, sw::d},
      {{L"Updates destinations of a Reflexaed LUN\n", nullptr}},
      true},
     {cmd::Snap,
      op::MirrorList,
+     ListMirrors,
      L"%s %s %s {%s <Drive> | %s <MountPointList> [...]}\n",
      {sw::d, sw::D},
      {{L"Displays Reflexa destinations associated with the source mapped to the disk mount point\n", nullptr}},
      true},
     {cmd::Snap,
      op::RestoreVolumeCheck,
+     VolumeRestoreCheck,
      L"%s %s %s %s <StorageSystemName> %s <StorageSystemVolumeName> %s <SnapshotName> [%s <MachineName>]\n",
      {sw::f, sw::volume, sw::s, sw::m},
      {{L"Verifies possibility of volume restore operation on non-connected LUNs\n", nullptr}},
      true},
     {cmd::Snap,
      op::RestoreVolume,
+     VolumeRestore,
      L"%s %s %s %s <StorageSystemName> %s <StorageSystemVolumeName> %s <SnapshotName> [%s] [%s <MachineName>]\n",
      {sw::f, sw::volume, sw::s, sw::force, sw::m},
      {{L"Performs volume restore operation on non-connected LUNs, If '%s' is present Corvane will ignore newer snapshot "
@@ -102,24 +115,28 @@ constexpr OperationUsage kRows[] = {
 
     {cmd::Arkhold,
      op::VerifyConfiguration,
+     OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] %s <MountPoint>\n",
      {sw::m, sw::d},
      {{L"Verifies that the storage system volume of the LUN at <MountPoint> is configured for archiving.\n", nullptr}},
      true},
     {cmd::Arkhold,
      op::SnapshotRename,
+     OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] %s <MountPoint> %s <OldSnapshotName> %s <NewSnapshotName>\n",
      {sw::m, sw::d, sw::o, sw::n},
      {{L"Renames an archived snapshot copy of the volume of the LUN at <MountPoint>.\n", nullptr}},
      true},
     {cmd::Arkhold,
      op::SnapshotDelete,
+     OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] %s <MountPoint> %s <SnapshotName>\n",
      {sw::m, sw::d, sw::s},
      {{L"Deletes an archived snapshot copy of the volume of the LUN at <MountPoint>.\n", nullptr}},
      true},
     {cmd::Arkhold,
      op::Archive,
+     OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] %s <MountPoint> %s <SnapshotName> [%s]\n",
      {sw::m, sw::d, sw::s, sw::wait},
      {{L"Archives a snapshot copy of the volume of the LUN at <MountPoint>.\n", nullptr},
@@ -127,12 +144,14 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::Arkhold,
      op::RelationshipStatus,
+     OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] %s <MountPoint>\n",
      {sw::m, sw::d},
      {{L"Displays the state of the archive relationship of the volume of the LUN at <MountPoint>.\n", nullptr}},
      true},
     {cmd::Arkhold,
      op::SnapList,
+     OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] %s <MountPoint>\n",
      {sw::m, sw::d},
      {{L"Lists the archived snapshot copies of the volume of the LUN at <MountPoint>.\n", nullptr}},
@@ -141,6 +160,6 @@ constexpr OperationUsage kRows[] = {
 
 } // namespace
 
-UsageTable SnapUsageTable() {
+OperationRows SnapOperations() {
     return {kRows, sizeof(kRows) / sizeof(kRows[0])};
 }

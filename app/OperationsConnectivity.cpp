@@ -1,15 +1,18 @@
-// Usage blocks of the host connectivity commands: fcp_initiator, iscsi_initiator,
+// The operation rows (handler and usage block) of the host connectivity commands: fcp_initiator, iscsi_initiator,
 // iscsi_target, preferredIP, igroup and transport_protocol.
-#include "front_end/Help.h"
+#include "app/Operations.h"
 
+#include "commands/Handlers.h"
+#include "front_end/Help.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
 
 namespace {
 
-constexpr OperationUsage kRows[] = {
+constexpr OperationRow kRows[] = {
     {cmd::FcpInitiator,
      op::List,
+     FcpInitiatorList,
      L"%s %s %s [%s MachineName]\n",
      {sw::m},
      {{L"Lists the Fibre Channel (FCP) initiators of the host.\n", nullptr}},
@@ -17,6 +20,7 @@ constexpr OperationUsage kRows[] = {
 
     {cmd::IscsiInitiator,
      op::List,
+     IscsiInitiatorList,
      L"%s %s %s [%s <MachineName>] %s\n",
      {sw::m, sw::s},
      {{L"Lists the iSCSI sessions of the host with their connections, HBAs and portals.\n", nullptr},
@@ -24,6 +28,7 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::IscsiInitiator,
      op::EstablishSession,
+     IscsiInitiatorEstablishSession,
      L"%s %s %s [%s <MachineName>] [%s <HBA_ID>] [%s <HBA Portal ID>] %s <TargetName> %s <IPAddress> <IPPort> "
      L"[%s <CHAPName> <CHAPPassword>]\n",
      {sw::m, sw::h, sw::hp, sw::t, sw::np, sw::c},
@@ -35,6 +40,7 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::IscsiInitiator,
      op::TerminateSession,
+     IscsiInitiatorTerminateSession,
      L"%s %s %s [%s <MachineName>] %s <Session_ID>\n",
      {sw::m, sw::s},
      {{L"Terminates an iSCSI session.\n", nullptr},
@@ -43,12 +49,14 @@ constexpr OperationUsage kRows[] = {
 
     {cmd::IscsiTarget,
      op::List,
+     IscsiTargetList,
      L"%s %s %s %s <Storage System>\n",
      {sw::f},
      {{L"Lists the iSCSI targets of a storage system with their LUN counts and network portals.\n", nullptr}},
      false},
     {cmd::IscsiTarget,
      op::Disconnect,
+     IscsiTargetDisconnect,
      L"%s %s %s [%s <MachineName>] %s <TargetName>\n",
      {sw::m, sw::t},
      {{L"Disconnects the host from the iSCSI target <TargetName>.\n", nullptr}},
@@ -56,12 +64,14 @@ constexpr OperationUsage kRows[] = {
 
     {cmd::PreferredIP,
      op::List,
+     PreferredIpList,
      L"%s %s %s [%s MachineName]\n",
      {sw::m},
      {{L"Lists the preferred IP address of each storage system.\n", nullptr}},
      true},
     {cmd::PreferredIP,
      op::Set,
+     PreferredIpSet,
      L"%s %s %s [%s MachineName] %s StorageSystem %s PreferredIPAddress\n",
      {sw::m, sw::f, sw::IP},
      {{L"Sets the IP address through which Corvane reaches a storage system.\n", nullptr},
@@ -69,6 +79,7 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::PreferredIP,
      op::Delete,
+     PreferredIpDelete,
      L"%s %s %s [%s MachineName] %s StorageSystem\n",
      {sw::m, sw::f},
      {{L"Deletes the preferred IP address of a storage system.\n", nullptr}},
@@ -76,12 +87,14 @@ constexpr OperationUsage kRows[] = {
 
     {cmd::IGroup,
      op::List,
+     ListInitiatorGroups,
      L"%s %s %s [%s MachineName] %s StorageSystem\n",
      {sw::m, sw::f},
      {{L"Lists the initiator groups of a storage system.\n", nullptr}},
      true},
     {cmd::IGroup,
      op::Create,
+     CreateInitiatorGroup,
      L"%s %s %s [%s MachineName] %s StorageSystem [%s (NodeMachineName InitiatorName)+] %s igroupName\n",
      {sw::m, sw::f, sw::I, sw::ig},
      {{L"Creates an initiator group on a storage system.\n", nullptr},
@@ -89,12 +102,14 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::IGroup,
      op::Rename,
+     RenameInitiatorGroup,
      L"%s %s %s [%s MachineName] %s StorageSystem %s igroupName %s igroupNewName\n",
      {sw::m, sw::f, sw::ig, sw::igNew},
      {{L"Renames an initiator group of a storage system.\n", nullptr}},
      true},
     {cmd::IGroup,
      op::Delete,
+     DeleteInitiatorGroup,
      L"%s %s %s [%s MachineName] %s StorageSystem %s igroupName\n",
      {sw::m, sw::f, sw::ig},
      {{L"Deletes an initiator group of a storage system.\n", nullptr}},
@@ -102,12 +117,14 @@ constexpr OperationUsage kRows[] = {
 
     {cmd::TransportProtocol,
      op::List,
+     ListTransportProtocolSettings,
      L"%s %s %s [%s MachineName]\n",
      {sw::m},
      {{L"Lists the default transport protocol and the protocol of each storage system.\n", nullptr}},
      true},
     {cmd::TransportProtocol,
      op::Set,
+     SetTransportProtocol,
      L"%s %s %s [%s MachineName] { %s StorageSystem | %s } %s {HTTPS|HTTP|RPC} [%s port] [%s UserName] [%s Password]\n",
      {sw::m, sw::f, sw::default_, sw::type, sw::port, sw::user, sw::pwd},
      {{L"Sets the protocol by which Corvane talks to a storage system.\n", nullptr},
@@ -118,6 +135,7 @@ constexpr OperationUsage kRows[] = {
      true},
     {cmd::TransportProtocol,
      op::Delete,
+     DeleteTransportProtocolSetting,
      L"%s %s %s [%s MachineName] { %s StorageSystem | %s }\n",
      {sw::m, sw::f, sw::default_},
      {{L"Deletes the transport protocol setting of a storage system, or the default one.\n", nullptr}},
@@ -126,6 +144,6 @@ constexpr OperationUsage kRows[] = {
 
 } // namespace
 
-UsageTable ConnectivityUsageTable() {
+OperationRows ConnectivityOperations() {
     return {kRows, sizeof(kRows) / sizeof(kRows[0])};
 }
