@@ -164,15 +164,20 @@ def main():
     session.start()
     failed = 0
     shift = {}
-    for example in found:
-        example.line += shift.get(example.document, 0)
-        wrong = run(example, session, args.update)
-        if wrong and wrong[0][0] == "update":
-            shift[example.document] = shift.get(example.document, 0) + wrong[0][1]
-            print("updated %s:%d" % (example.document, example.line))
-            continue
-        faults += wrong
-        failed += bool(wrong)
+    try:
+        for example in found:
+            example.line += shift.get(example.document, 0)
+            wrong = run(example, session, args.update)
+            if wrong and wrong[0][0] == "update":
+                shift[example.document] = shift.get(example.document, 0) + wrong[0][1]
+                print("updated %s:%d" % (example.document, example.line))
+                continue
+            faults += wrong
+            failed += bool(wrong)
+    finally:
+        # The run's simulator would otherwise linger with the run's files and
+        # serve them to the next client.
+        session.prefix_script("--stop")
     for fault in faults:
         print(fault + "\n")
     print("docs: %d passed, %d failed" % (len(found) - failed, len(faults)))

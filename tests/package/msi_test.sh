@@ -2,15 +2,15 @@
 # The MSI, used as an administrator would, in a fresh Wine prefix of its own:
 # installed with msiexec /qn (cvcli found through the system PATH, the
 # simulator absent), upgraded by a newer build with the simulator feature
-# (cvcli disk list against the demo scenario, the older product gone), and
-# uninstalled: no file, no PATH entry and no registry key of it may remain.
+# (cvcli disk list against the demo scenario, the older product gone; the
+# older one may not come back over it), and uninstalled: no file, no PATH
+# entry and no registry key of it may remain.
 # Every step's command and output go to BUILD_DIR/msi-test/transcript.txt.
 #
 #   tests/package/msi_test.sh BUILD_DIR SOURCE_DIR VERSION
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-. "$here/../../scripts/wine-env.sh"
-cvcli_find_wine
+. "$here/fresh_prefix.sh"
 build=$(cd "$1" && pwd)
 source_dir=$(cd "$2" && pwd)
 version=$3
@@ -22,8 +22,6 @@ fail() {
     echo "(transcript: $transcript)" >&2
     exit 1
 }
-quiet() { "$@" </dev/null >/dev/null 2>&1; }
-winpath() { local p=${1//\//\\}; echo "Z:$p"; }
 
 cmake --build "$build" --target msi >/dev/null || fail "the msi target failed"
 older=$build/package/cvcli-$version-win64.msi
@@ -41,18 +39,7 @@ older_code=$(product_code "$older")
 newer_code=$(product_code "$newer")
 [ -n "$older_code" ] && [ "$older_code" != "$newer_code" ] || fail "the two builds must have product codes of their own"
 
-# A prefix where nothing was installed: a copy of the build's bare one (its
-# registry files copied, the rest hard-linked), or a new one.
-bare=$build/wineprefix-bare
-if [ -f "$bare/system.reg" ]; then
-    cp -al "$bare" "$prefix"
-    for f in "$prefix"/*.reg; do cp --remove-destination "$bare/$(basename "$f")" "$f"; done
-else
-    WINEPREFIX=$prefix quiet "$WINE" wineboot --init
-fi
-export WINEPREFIX=$prefix
-trap 'quiet "$WINESERVER" -k || true' EXIT
-quiet "$WINESERVER" -p30
+fresh_prefix "$build" "$prefix"
 export CORVANE_SIM_LINGER=1
 unset CORVANE_SIM_SCENARIO CORVANE_SIM_LOG
 
@@ -76,10 +63,25 @@ proxy_keys=('HKCR\CLSID\{F84E4201-6147-46B0-9218-F50EC04C564D}\InProcServer32'
     'HKCR\Interface\{8E952D61-0CEC-4761-B0AE-6169EA37364D}\ProxyStubClsid32')
 simulator_key='HKCR\CLSID\{952CF435-E6D2-4D31-8523-84D36FE9F116}\LocalServer32'
 
+# What the installer touches, for the transcript after each msiexec.
+state() {
+    local key
+    {
+        echo "# files: $( [ -d "$install_dir" ] && (cd "$install_dir" && find . -type f | sed 's|^\./||' | sort | tr '\n' ' '))"
+        echo "# PATH: $(system_path)"
+        for key in "${proxy_keys[@]}" "$simulator_key"; do
+            if exists "$key"; then echo "# present: $key"; else echo "# absent: $key"; fi
+        done
+        echo
+    } >>"$transcript"
+}
+
 path_before=$(system_path)
+state
 
 # 1. Install with the default features.
 run msiexec /i "$(winpath "$older")" /qn
+state
 [ "$status" -eq 0 ] || fail "msiexec /i exited with $status: $out"
 for f in cvcli.exe CorvaneRes.dll CorvanePS.dll docs/user-guide.md docs/commands.md; do
     [ -f "$install_dir/$f" ] || fail "$f was not installed"
@@ -101,6 +103,7 @@ grep -q "The disk command" <<<"$out" || fail "cvcli disk help printed: $out"
 
 # 2. Upgrade with the newer build and the simulator feature.
 run msiexec /i "$(winpath "$newer")" ADDLOCAL=ALL /qn
+state
 [ "$status" -eq 0 ] || fail "the upgrade exited with $status: $out"
 exists "$uninstall_key\\$older_code" && fail "the older product is still registered after the upgrade"
 exists "$uninstall_key\\$newer_code" || fail "the newer product is not registered"
@@ -115,6 +118,12 @@ run cmd /c cvcli disk list
 grep -q "filer-east:/vol/sql_data/lun_db" <<<"$out" || fail "cvcli disk list did not list the demo LUNs: $out"
 grep -q "The operation completed successfully" <<<"$out" || fail "cvcli disk list printed no completion line: $out"
 
+# An older build does not replace a newer one.
+run msiexec /i "$(winpath "$older")" /qn
+[ "$status" -ne 0 ] || fail "the older MSI was installed over the newer one"
+exists "$uninstall_key\\$newer_code" && ! exists "$uninstall_key\\$older_code" ||
+    fail "installing the older MSI over the newer one changed what is installed"
+
 # 3. Uninstall: exactly what was added goes. No program of the product may
 # still run (the simulator lingers), or its file would stay behind.
 simulator_running() {
@@ -127,6 +136,7 @@ simulator_running() {
 for _ in $(seq 100); do simulator_running || break; sleep 0.2; done
 simulator_running && fail "the simulator did not exit"
 run msiexec /x "$(winpath "$newer")" /qn
+state
 [ "$status" -eq 0 ] || fail "msiexec /x exited with $status: $out"
 [ ! -e "$install_dir" ] || fail "files remain: $(cd "$install_dir" && find . | tr '\n' ' ')"
 [ "$(system_path)" = "$path_before" ] || fail "the system PATH is $(system_path), it was $path_before"

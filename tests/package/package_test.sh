@@ -9,14 +9,11 @@
 #   tests/package/package_test.sh BUILD_DIR
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-. "$here/../../scripts/wine-env.sh"
-cvcli_find_wine
+. "$here/fresh_prefix.sh"
 build=$(cd "$1" && pwd)
 work=$build/package-test
 prefix=$work/prefix
 fail() { echo "package test: $*" >&2; exit 1; }
-quiet() { "$@" </dev/null >/dev/null 2>&1; }
-winpath() { local p=${1//\//\\}; echo "Z:$p"; }
 
 cmake --build "$build" --target package >/dev/null || fail "the package target failed"
 zip=$(ls "$build"/package/cvcli-*-win64.zip 2>/dev/null | head -n 1)
@@ -40,18 +37,7 @@ for f in cvcli.exe CorvaneRes.dll CorvanePS.dll corvane-sim.exe; do
     grep -q "VALUE \"OriginalFilename\", \"$f\"" <<<"$resources" || fail "$f does not carry its own file name"
 done
 
-# A prefix with nothing registered: a copy of the build's bare one (its
-# registry files copied, the rest hard-linked), or a new one.
-bare=$build/wineprefix-bare
-if [ -f "$bare/system.reg" ]; then
-    cp -al "$bare" "$prefix"
-    for f in "$prefix"/*.reg; do cp --remove-destination "$bare/$(basename "$f")" "$f"; done
-else
-    WINEPREFIX=$prefix quiet "$WINE" wineboot --init
-fi
-export WINEPREFIX=$prefix
-trap 'quiet "$WINESERVER" -k || true' EXIT
-quiet "$WINESERVER" -p30
+fresh_prefix "$build" "$prefix"
 
 run() { # run PROGRAM ARGS...: stdout to $work/out, the low byte of the status in $status
     status=0
