@@ -15,6 +15,8 @@ packages=(
     nlohmann-json3-dev
     python3
     tmux
+    wixl
+    msitools
 )
 
 missing=()

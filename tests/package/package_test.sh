@@ -1,20 +1,19 @@
 #!/usr/bin/env bash
 # The release zip, used as an administrator would: built with the package
 # target, unpacked into a new folder, registered with its own register.cmd in
-# a Wine prefix where nothing was registered, then cvcli help and cvcli disk
-# list against the simulator and the demo scenario from the zip.
+# a Wine prefix where nothing was registered (first without the simulator,
+# which must stay unregistered, then with /simulator), cvcli help and cvcli
+# disk list against the simulator and its default scenario from the zip, and
+# unregister.cmd /simulator. Every program carries the project's version.
 #
 #   tests/package/package_test.sh BUILD_DIR
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-. "$here/../../scripts/wine-env.sh"
-cvcli_find_wine
+. "$here/fresh_prefix.sh"
 build=$(cd "$1" && pwd)
 work=$build/package-test
 prefix=$work/prefix
 fail() { echo "package test: $*" >&2; exit 1; }
-quiet() { "$@" </dev/null >/dev/null 2>&1; }
-winpath() { local p=${1//\//\\}; echo "Z:$p"; }
 
 cmake --build "$build" --target package >/dev/null || fail "the package target failed"
 zip=$(ls "$build"/package/cvcli-*-win64.zip 2>/dev/null | head -n 1)
@@ -24,24 +23,21 @@ WINEPREFIX=$prefix quiet "$WINESERVER" -k || true
 rm -rf "$work"
 mkdir -p "$work"
 python3 -c 'import sys, zipfile; zipfile.ZipFile(sys.argv[1]).extractall(sys.argv[2])' "$zip" "$work/unpacked"
-root=$(ls -d "$work"/unpacked/cvcli-*-win64)
-for f in cvcli.exe CorvaneRes.dll CorvanePS.dll corvane-sim.exe register.cmd unregister.cmd scenarios/demo.json \
-    README.md docs/commands.md docs/exit-status.md; do
-    [ -f "$root/$f" ] || fail "$f is missing from $(basename "$zip")"
+root=$work/unpacked
+expected="CorvanePS.dll CorvaneRes.dll corvane-sim.exe cvcli.exe docs/commands.md docs/exit-status.md docs/simulator.md
+docs/user-guide.md register.cmd scenario.json unregister.cmd"
+actual=$(cd "$root" && find . -type f | sed 's|^\./||' | LC_ALL=C sort | tr '\n' ' ')
+[ "$actual" = "$(echo $expected | tr ' ' '\n' | LC_ALL=C sort | tr '\n' ' ')" ] ||
+    fail "$(basename "$zip") holds: $actual; expected: $expected"
+version=$(basename "$zip" | sed 's/^cvcli-\(.*\)-win64\.zip$/\1/')
+for f in cvcli.exe CorvaneRes.dll CorvanePS.dll corvane-sim.exe; do
+    resources=$(x86_64-w64-mingw32-windres -i "$root/$f" -O rc 2>/dev/null) || fail "$f has no resources"
+    grep -q "VALUE \"FileVersion\", \"$version\"" <<<"$resources" || fail "$f does not carry the file version $version"
+    grep -q "VALUE \"ProductVersion\", \"$version\"" <<<"$resources" || fail "$f does not carry the product version $version"
+    grep -q "VALUE \"OriginalFilename\", \"$f\"" <<<"$resources" || fail "$f does not carry its own file name"
 done
 
-# A prefix with nothing registered: a copy of the build's bare one (its
-# registry files copied, the rest hard-linked), or a new one.
-bare=$build/wineprefix-bare
-if [ -f "$bare/system.reg" ]; then
-    cp -al "$bare" "$prefix"
-    for f in "$prefix"/*.reg; do cp --remove-destination "$bare/$(basename "$f")" "$f"; done
-else
-    WINEPREFIX=$prefix quiet "$WINE" wineboot --init
-fi
-export WINEPREFIX=$prefix
-trap 'quiet "$WINESERVER" -k || true' EXIT
-quiet "$WINESERVER" -p30
+fresh_prefix "$build" "$prefix"
 
 run() { # run PROGRAM ARGS...: stdout to $work/out, the low byte of the status in $status
     status=0
@@ -52,12 +48,33 @@ run() { # run PROGRAM ARGS...: stdout to $work/out, the low byte of the status i
 run "$(winpath "$root/cvcli.exe")" disk list
 grep -q "Failed to connect to the Corvane service" "$work/out" || fail "an unregistered host did not report the missing service"
 
+run cmd /c "$(winpath "$root/register.cmd")" /simulate
+[ "$status" -eq 2 ] || fail "register.cmd /simulate exited with $status, expected 2: $(cat "$work/out")"
+grep -q "Usage: register.cmd \[/simulator\]" "$work/out" || fail "register.cmd /simulate printed: $(cat "$work/out")"
+
+# A failed step is named with its cause: here a missing library.
+mkdir "$work/broken"
+cp "$root/register.cmd" "$work/broken/"
+run cmd /c "$(winpath "$work/broken/register.cmd")"
+[ "$status" -eq 1 ] || fail "register.cmd without CorvanePS.dll exited with $status: $(cat "$work/out")"
+grep -q "Registering the proxy/stub library .*CorvanePS.dll failed: regsvr32 ended with status 3" "$work/out" &&
+    grep -q "could not be loaded" "$work/out" || fail "register.cmd without CorvanePS.dll printed: $(cat "$work/out")"
+
+# By default only the proxy/stub library: the service stays absent.
 run cmd /c "$(winpath "$root/register.cmd")"
 [ "$status" -eq 0 ] || fail "register.cmd exited with $status: $(cat "$work/out")"
-grep -q "Registered from" "$work/out" || fail "register.cmd printed: $(cat "$work/out")"
+grep -q "Registered the proxy/stub library" "$work/out" || fail "register.cmd printed: $(cat "$work/out")"
+! grep -q "simulator" "$work/out" || fail "register.cmd registered the simulator without /simulator: $(cat "$work/out")"
+run "$(winpath "$root/cvcli.exe")" disk list
+grep -q "Failed to connect to the Corvane service" "$work/out" || fail "register.cmd alone made a service available"
 
-# cvcli help looks for the service too: the simulator plays the demo scenario.
-export CORVANE_SIM_SCENARIO; CORVANE_SIM_SCENARIO=$(winpath "$root/scenarios/demo.json")
+run cmd /c "$(winpath "$root/register.cmd")" /simulator
+[ "$status" -eq 0 ] || fail "register.cmd /simulator exited with $status: $(cat "$work/out")"
+grep -q "Registered the simulator" "$work/out" || fail "register.cmd /simulator printed: $(cat "$work/out")"
+
+# cvcli help looks for the service too: the simulator plays the scenario.json
+# beside it, the demo scenario, with no variable set.
+unset CORVANE_SIM_SCENARIO
 export CORVANE_SIM_LOG; CORVANE_SIM_LOG=$(winpath "$work/calls.jsonl")
 export CORVANE_SIM_LINGER=1
 run "$(winpath "$root/cvcli.exe")" help
@@ -69,4 +86,14 @@ run "$(winpath "$root/cvcli.exe")" disk list
 grep -q "filer-east" "$work/out" || fail "cvcli disk list did not list the demo LUNs"
 grep -q "The operation completed successfully" "$work/out" || fail "no completion line"
 grep -q '"IVirtualDisk2.EnumerateDisksEx"' "$work/calls.jsonl" || fail "the simulator from the zip logged no listing"
-echo "package test: $(basename "$zip") unpacked, registered and run"
+
+# unregister.cmd /simulator takes the simulator's classes and the proxy away.
+quiet "$WINESERVER" -k || true
+quiet "$WINESERVER" -p30
+run cmd /c "$(winpath "$root/unregister.cmd")" /simulator
+[ "$status" -eq 0 ] || fail "unregister.cmd /simulator exited with $status: $(cat "$work/out")"
+grep -q "Unregistered the simulator" "$work/out" || fail "unregister.cmd /simulator printed: $(cat "$work/out")"
+grep -q "Unregistered the proxy/stub library" "$work/out" || fail "unregister.cmd /simulator printed: $(cat "$work/out")"
+run "$(winpath "$root/cvcli.exe")" disk list
+grep -q "Failed to connect to the Corvane service" "$work/out" || fail "the service was still there after unregister.cmd"
+echo "package test: $(basename "$zip") unpacked, registered, run and unregistered"
