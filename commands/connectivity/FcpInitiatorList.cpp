@@ -6,6 +6,7 @@
 #include "commands/connectivity/LocalComputer.h"
 #include "front_end/Console.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 #include <windows.h>
 
@@ -21,8 +22,7 @@ using OwnedInitiatorList = OwnedRecord<InitiatorList, FreeInitiatorList>;
 } // namespace
 
 void FcpInitiatorList(CCommandLine &cl) {
-    ComPtr<IFcp> fcp;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, fcp);
+    ServiceSession<IFcp> fcp(cl, CLSID_VirtualDiskService);
     // The host whose initiators are asked for: this computer, whichever machine
     // runs the service (-m only chooses where the service object is created).
     // Without a name the service is asked about an empty one.

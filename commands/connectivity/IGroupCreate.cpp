@@ -22,23 +22,19 @@ constexpr size_t kNodeNameChars = sizeof(IGroupInfo::wszNodeName) / sizeof(wchar
 constexpr size_t kGroupNameChars = sizeof(IGroupInfo::wszGroupName) / sizeof(wchar_t) - 1;
 constexpr size_t kInitiatorNameChars = sizeof(InitiatorNameField::wszName) / sizeof(wchar_t) - 1;
 
-[[noreturn]] void CreateUsage(unsigned messageId) {
-    throw OperationUsageException(cmd::IGroup, op::Create, messageId);
-}
-
 // The -I pairs: at least one, every name fits its field (an empty name is a
 // name), all of one node.
 std::vector<InitiatorPair> InitiatorPairs(const CCommandLine &cl) {
     std::vector<InitiatorPair> pairs;
     GetInitiatorList(cl, pairs);
     if (pairs.empty())
-        CreateUsage(MSG_USAGE_INITIATORS);
+        throw OperationUsageException(cmd::IGroup, op::Create, MSG_USAGE_INITIATORS);
     for (const InitiatorPair &pair : pairs)
         if (pair.NodeMachineName.size() > kNodeNameChars || pair.InitiatorName.size() > kInitiatorNameChars)
-            CreateUsage(MSG_USAGE_INITIATORS);
+            throw OperationUsageException(cmd::IGroup, op::Create, MSG_USAGE_INITIATORS);
     for (size_t i = 1; i < pairs.size(); ++i)
         if (_wcsicmp(pairs[i].NodeMachineName.c_str(), pairs[i - 1].NodeMachineName.c_str()) != 0)
-            CreateUsage(MSG_USAGE_SAME_NODE);
+            throw OperationUsageException(cmd::IGroup, op::Create, MSG_USAGE_SAME_NODE);
     return pairs;
 }
 
@@ -59,7 +55,7 @@ void CreateGroup(const CCommandLine &cl, HRESULT &hr) {
     const std::vector<InitiatorPair> pairs = InitiatorPairs(cl);
     const wchar_t *groupName = RequiredValue(cl, sw::ig, cmd::IGroup, op::Create, MSG_USAGE_IGROUP_NAME);
     if (wcslen(groupName) > kGroupNameChars)
-        CreateUsage(MSG_USAGE_IGROUP_NAME);
+        throw OperationUsageException(cmd::IGroup, op::Create, MSG_USAGE_IGROUP_NAME);
     const wchar_t *storageSystem = RequiredValue(cl, sw::f, cmd::IGroup, op::Create, MSG_USAGE_STORAGE_SYSTEM);
 
     ComPtr<IIGroup> igroup;

@@ -9,13 +9,13 @@
 #include "front_end/Values.h"
 #include "front_end/Words.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 void IscsiInitiatorList(CCommandLine &cl) {
     // -s only selects the session list; it carries no value.
     if (!cl.IsPresent(sw::s))
         throw OperationUsageException(cmd::IscsiInitiator, op::List, MSG_USAGE_SESSIONS_SWITCH);
-    ComPtr<IIscsi> iscsi;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, iscsi);
+    ServiceSession<IIscsi> iscsi(cl, CLSID_VirtualDiskService);
     OwnedConnectedTargets targets;
     CheckServiceCall(iscsi->ListSessions(cl.MachineName(), targets.Out()), MSG_LIST_SESSIONS_FAILED);
     PrintConnectedTargetList(L"\t", targets.Get());
@@ -25,8 +25,7 @@ void IscsiInitiatorTerminateSession(CCommandLine &cl) {
     uint64_t first = 0, second = 0;
     if (!ParseIdentifierPair(cl.SingleValue(sw::s), first, second))
         throw OperationUsageException(cmd::IscsiInitiator, op::TerminateSession, MSG_USAGE_SESSION_ID);
-    ComPtr<IIscsi> iscsi;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, iscsi);
+    ServiceSession<IIscsi> iscsi(cl, CLSID_VirtualDiskService);
     // The session is named by its id alone; everything else stays zero.
     CoTaskPtr<IscsiSession> owned = AllocateSentRecords<IscsiSession>(1, MSG_TERMINATE_SESSION_FAILED);
     IscsiSession *session = owned.Get();

@@ -8,11 +8,11 @@
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 void IscsiTargetList(CCommandLine &cl) {
     const wchar_t *storageSystem = RequiredValue(cl, sw::f, cmd::IscsiTarget, op::List, MSG_USAGE_STORAGE_SYSTEM);
-    ComPtr<IIscsi> iscsi;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, iscsi);
+    ServiceSession<IIscsi> iscsi(cl, CLSID_VirtualDiskService);
     OwnedStorageTargets targets;
     CheckServiceCall(iscsi->ListTargets(storageSystem, targets.Out()), MSG_LIST_TARGETS_FAILED);
     PrintStorageTargetList(targets.Get());
@@ -20,7 +20,6 @@ void IscsiTargetList(CCommandLine &cl) {
 
 void IscsiTargetDisconnect(CCommandLine &cl) {
     const wchar_t *target = RequiredValue(cl, sw::t, cmd::IscsiTarget, op::Disconnect, MSG_USAGE_TARGET_NAME);
-    ComPtr<IIscsi> iscsi;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, iscsi);
+    ServiceSession<IIscsi> iscsi(cl, CLSID_VirtualDiskService);
     CheckServiceCall(iscsi->DisconnectTarget(cl.MachineName(), target), MSG_DISCONNECT_TARGET_FAILED);
 }

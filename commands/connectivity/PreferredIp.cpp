@@ -11,6 +11,7 @@
 #include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 #include <cwchar>
 
@@ -30,21 +31,14 @@ const wchar_t *StorageSystem(const CCommandLine &cl, unsigned operation) {
 }
 
 // The disk interface with the virtual-disk sink connected for the whole operation.
-struct DiskService {
-    explicit DiskService(const CCommandLine &cl) {
-        CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, disk);
-        events = ConnectSink<CVirtualDiskEvents>(disk.Get());
-    }
-    ComPtr<IVirtualDisk> disk;
-    EventConnection events;
-};
+using DiskService = ServiceSession<IVirtualDisk, CVirtualDiskEvents>;
 
 } // namespace
 
 void PreferredIpList(CCommandLine &cl) {
-    DiskService service(cl);
+    DiskService service(cl, CLSID_VirtualDiskService);
     OwnedPreferredIPTable table;
-    CheckServiceCall(service.disk->GetPreferredIPs(table.Out()), MSG_GET_PREFERRED_IPS_FAILED);
+    CheckServiceCall(service->GetPreferredIPs(table.Out()), MSG_GET_PREFERRED_IPS_FAILED);
     if (table->dwCount == 0 || table->pEntries == nullptr) {
         Print(L"No preferred IP addresses exist.\n");
         return;
@@ -63,9 +57,9 @@ void PreferredIpSet(CCommandLine &cl) {
     if (!IsValidIpv4Address(address))
         throw LocalErrorException(MSG_INVALID_IP_ADDRESS);
 
-    DiskService service(cl);
+    DiskService service(cl, CLSID_VirtualDiskService);
     OwnedPreferredIPTable table;
-    CheckServiceCall(service.disk->GetPreferredIPs(table.Out()), MSG_GET_PREFERRED_IPS_FAILED);
+    CheckServiceCall(service->GetPreferredIPs(table.Out()), MSG_GET_PREFERRED_IPS_FAILED);
     const DWORD count = table->pEntries != nullptr ? table->dwCount : 0;
     for (DWORD i = 0; i < count; ++i) {
         const PreferredIPEntry &entry = table.Get().pEntries[i];
@@ -78,15 +72,15 @@ void PreferredIpSet(CCommandLine &cl) {
     for (DWORD i = 0; i < count; ++i)
         changed.Add(table.Get().pEntries[i].wszStorageSystem, table.Get().pEntries[i].wszIpAddress);
     changed.Add(storageSystem, address);
-    CheckServiceCall(service.disk->SetPreferredIPs(changed.Get()), MSG_SET_PREFERRED_IP_FAILED);
+    CheckServiceCall(service->SetPreferredIPs(changed.Get()), MSG_SET_PREFERRED_IP_FAILED);
 }
 
 void PreferredIpDelete(CCommandLine &cl) {
     const wchar_t *storageSystem = StorageSystem(cl, op::Delete);
 
-    DiskService service(cl);
+    DiskService service(cl, CLSID_VirtualDiskService);
     OwnedPreferredIPTable table;
-    CheckServiceCall(service.disk->GetPreferredIPs(table.Out()), MSG_GET_PREFERRED_IPS_FAILED);
+    CheckServiceCall(service->GetPreferredIPs(table.Out()), MSG_GET_PREFERRED_IPS_FAILED);
     const DWORD count = table->pEntries != nullptr ? table->dwCount : 0;
     DWORD found = count;
     for (DWORD i = 0; i < count && found == count; ++i)
@@ -98,5 +92,5 @@ void PreferredIpDelete(CCommandLine &cl) {
     for (DWORD i = 0; i < count; ++i)
         if (i != found)
             changed.Add(table.Get().pEntries[i].wszStorageSystem, table.Get().pEntries[i].wszIpAddress);
-    CheckServiceCall(service.disk->SetPreferredIPs(changed.Get()), MSG_DELETE_PREFERRED_IP_FAILED);
+    CheckServiceCall(service->SetPreferredIPs(changed.Get()), MSG_DELETE_PREFERRED_IP_FAILED);
 }

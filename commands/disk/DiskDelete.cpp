@@ -6,11 +6,10 @@
 #include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 void DiskDelete(CCommandLine &cl) {
-    ComPtr<IVirtualDisk> disk;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, disk);
-    EventConnection events = ConnectSink<CVirtualDiskEvents>(disk.Get());
+    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(cl, CLSID_VirtualDiskService);
 
     // A LUN path goes to the service as it is: a LUN that is not connected can be deleted too.
     const DiskTarget target = NameDisk(disk.Get(), cl, op::Delete, PathLookup::SplitOnly, MSG_DELETE_DISK_FAILED);

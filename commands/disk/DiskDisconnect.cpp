@@ -7,11 +7,10 @@
 #include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 void DiskDisconnect(CCommandLine &cl) {
-    ComPtr<IVirtualDisk> disk;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, disk);
-    EventConnection events = ConnectSink<CVirtualDiskEvents>(disk.Get());
+    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(cl, CLSID_VirtualDiskService);
 
     // Only a LUN that is connected to this host can be disconnected from it.
     const DiskTarget target = NameDisk(disk.Get(), cl, op::Disconnect, PathLookup::MustBeConnected);

@@ -14,6 +14,7 @@
 #include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 #include <cstdint>
 #include <cstring>
@@ -106,9 +107,7 @@ void ExpandAndShow(IVirtualDisk *disk, const DiskTarget &target, uint64_t size) 
 } // namespace
 
 void DiskExpand(CCommandLine &cl) {
-    ComPtr<IVirtualDisk> disk;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, disk);
-    EventConnection events = ConnectSink<CVirtualDiskEvents>(disk.Get());
+    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(cl, CLSID_VirtualDiskService);
 
     const uint64_t size = ReadExpandSize(cl);
     const DiskTarget target = NameDisk(disk.Get(), cl, op::Expand, PathLookup::SplitOnly, MSG_EXPAND_DISK_FAILED);

@@ -5,6 +5,7 @@
 #include "front_end/Console.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 namespace {
 
@@ -48,9 +49,9 @@ void ListBasic(IVirtualDisk *disk) {
 } // namespace
 
 void DiskList(CCommandLine &cl) {
-    ComPtr<IVirtualDisk> disk;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, disk);
-    // An older service has no IVirtualDisk2: it gets the basic listing.
+    ServiceSession<IVirtualDisk> disk(cl, CLSID_VirtualDiskService);
+    // An older service has no IVirtualDisk2: it gets the basic listing. The
+    // question is asked before the sink is connected.
     ComPtr<IVirtualDisk2> disk2;
     disk.As(&disk2);
     EventConnection events = ConnectSink<CVirtualDiskEvents>(disk.Get());

@@ -8,6 +8,7 @@
 #include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 namespace {
 
@@ -31,9 +32,7 @@ MountRequest ReadMountRequest(const CCommandLine &cl, unsigned operation) {
 void DiskAddMount(CCommandLine &cl) {
     // The service is reached before the switches are read: an unreachable
     // service is reported even for an incomplete command line.
-    ComPtr<IVirtualDisk> disk;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, disk);
-    EventConnection events = ConnectSink<CVirtualDiskEvents>(disk.Get());
+    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(cl, CLSID_VirtualDiskService);
 
     const MountRequest request = ReadMountRequest(cl, op::AddMount);
     const boolean createFolder = cl.IsPresent(sw::create_folder) ? 1 : 0;
@@ -41,9 +40,7 @@ void DiskAddMount(CCommandLine &cl) {
 }
 
 void DiskRemoveMount(CCommandLine &cl) {
-    ComPtr<IVirtualDisk> disk;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, disk);
-    EventConnection events = ConnectSink<CVirtualDiskEvents>(disk.Get());
+    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(cl, CLSID_VirtualDiskService);
 
     const MountRequest request = ReadMountRequest(cl, op::RemoveMount);
     CheckServiceCall(disk->RemoveMountPoint(request.volumeName, request.mountPoint), MSG_REMOVE_MOUNT_POINT_FAILED);

@@ -9,6 +9,7 @@
 #include "front_end/Words.h"
 #include "service/OwnedRecord.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 #include <cwchar>
 #include <string>
@@ -61,8 +62,7 @@ void ListMountPoints(ISnapShotDrives *drives, const CCommandLine::ValueList &val
 } // namespace
 
 void ListMirrors(CCommandLine &cl) {
-    ComPtr<ISnapShotMount> mount;
-    CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, mount);
+    ServiceSession<ISnapShotMount> mount(cl, CLSID_SnapShotService);
     // Both interfaces come from the one object; a service without the second is unusable here.
     ComPtr<ISnapShotDrives> drives;
     const HRESULT hr = mount.As(&drives);

@@ -1,5 +1,6 @@
 #include "MessageIds.h"
 #include "commands/Handlers.h"
+#include "commands/common/RequiredSwitch.h"
 #include "commands/common/SentRecords.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Messages.h"
@@ -8,6 +9,7 @@
 #include "service/EventSinks.h"
 #include "service/OwnedRecord.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 #include <string>
 #include <vector>
@@ -43,29 +45,21 @@ SentSnapshotCreateRequest BuildRequest(const std::vector<std::wstring> &mountPoi
     return request;
 }
 
-[[noreturn]] void ThrowUsage(unsigned messageId) {
-    throw OperationUsageException(cmd::Snap, op::Create, messageId);
-}
-
 } // namespace
 
 void SnapCreate(CCommandLine &cl) {
     // The service and its sink come first: a machine that cannot be reached is
     // reported before any mistake in the switches.
-    ComPtr<ISnapShotCreate> service;
-    CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, service);
-    EventConnection events = ConnectSink<CSnapShotEvents>(service.Get());
+    ServiceSession<ISnapShotCreate, CSnapShotEvents> service(cl, CLSID_SnapShotService);
 
-    std::wstring name;
-    if (!cl.SingleValueInto(sw::s, name))
-        ThrowUsage(MSG_USAGE_SNAPSHOT_NAME);
+    const std::wstring name = RequiredString(cl, sw::s, cmd::Snap, op::Create, MSG_USAGE_SNAPSHOT_NAME);
     if (HasForbiddenSnapshotCharacter(name))
         throw LocalErrorException(MSG_INVALID_SNAPSHOT_NAME);
 
     // No start-up pause here: the debug delay is read by diagnostic builds only.
     const CCommandLine::ValueList &mountPoints = cl.List(sw::D);
     if (mountPoints.empty())
-        ThrowUsage(MSG_USAGE_MOUNT_POINT);
+        throw OperationUsageException(cmd::Snap, op::Create, MSG_USAGE_MOUNT_POINT);
 
     PrintLocalError(MSG_PLEASE_WAIT);
 

@@ -8,6 +8,7 @@
 #include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 #include <string>
 
@@ -20,9 +21,7 @@ constexpr HRESULT kSomeDrivesFailed = static_cast<HRESULT>(0xC004038B);
 constexpr size_t kVolumePathChars = 260;
 
 void ListOneLun(const wchar_t *machine, const std::wstring &mountPoint) {
-    ComPtr<ISnapShotList> service;
-    CreateServiceInterface(machine, CLSID_SnapShotService, service);
-    EventConnection events = ConnectSink<CSnapShotEvents>(service.Get());
+    ServiceSession<ISnapShotList, CSnapShotEvents> service(machine, CLSID_SnapShotService);
     OwnedSnapshotArray snapshots;
     ULONGLONG unused1 = 0;
     ULONGLONG unused2 = 0;
@@ -33,8 +32,7 @@ void ListOneLun(const wchar_t *machine, const std::wstring &mountPoint) {
 }
 
 void ListSeveralLuns(const wchar_t *machine, const CCommandLine::ValueList &mountPoints) {
-    ComPtr<ISnapShotSpace> service;
-    CreateServiceInterface(machine, CLSID_SnapShotService, service);
+    ServiceSession<ISnapShotSpace> service(machine, CLSID_SnapShotService);
     const SentDriveNameArray drives = BuildDriveNameArray(mountPoints, MSG_LIST_SNAPSHOTS_FAILED);
     OwnedDriveSnapshotsArray snapshots;
     const HRESULT hr = service->ListDriveSnapshots(drives.Get(), snapshots.Out(), TRUE);
@@ -55,9 +53,7 @@ void ListVolume(const std::wstring &storageSystem, const std::wstring &volume) {
     if (path.size() >= kVolumePathChars)
         path.resize(kVolumePathChars - 1);
     // This form always asks the local service: -m is not consulted.
-    ComPtr<ISnapShotMount> service;
-    CreateServiceInterface(nullptr, CLSID_SnapShotService, service);
-    EventConnection events = ConnectSink<CSnapShotEvents>(service.Get());
+    ServiceSession<ISnapShotMount, CSnapShotEvents> service(nullptr, CLSID_SnapShotService);
     OwnedVolumeSnapshotArray snapshots;
     CheckServiceCall(service->ListVolumeSnapshots(path.c_str(), snapshots.Out()), MSG_LIST_SNAPSHOTS_FAILED);
     PrintVolumeSnapshots(snapshots.Get());

@@ -2,12 +2,14 @@
 // made visible as a LUN of its own, and taken away again.
 #include "MessageIds.h"
 #include "commands/Handlers.h"
+#include "commands/common/RequiredSwitch.h"
 #include "commands/snap/SnapMountNumber.h"
 #include "commands/snap/SnapMountRequest.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 namespace {
 
@@ -20,9 +22,9 @@ struct MountTarget {
 
 MountTarget RequireMountTarget(const CCommandLine &cl) {
     MountTarget target;
-    target.snapshotName = RequireSnapValue(cl, sw::s, op::Mount, MSG_USAGE_SNAPSHOT_NAME);
-    target.mountPoint = RequireSnapMountPoint(cl, op::Mount);
-    target.liveMountPoint = RequireSnapValue(cl, sw::k, op::Mount, MSG_USAGE_LIVE_MOUNT_POINT);
+    target.snapshotName = RequiredString(cl, sw::s, cmd::Snap, op::Mount, MSG_USAGE_SNAPSHOT_NAME);
+    target.mountPoint = RequiredMountPoint(cl, cmd::Snap, op::Mount, MSG_USAGE_MOUNT_POINT);
+    target.liveMountPoint = RequiredString(cl, sw::k, cmd::Snap, op::Mount, MSG_USAGE_LIVE_MOUNT_POINT);
     return target;
 }
 
@@ -36,9 +38,7 @@ const wchar_t *LiveMachine(const CCommandLine &cl) {
 // The older mount knows neither Reflexa volumes nor the try-drive flag: every
 // switch beyond the machines, the snapshot and the two mount points is ignored.
 void MountOld(CCommandLine &cl) {
-    ComPtr<ISnapShotInfo> info;
-    CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, info);
-    EventConnection progress = ConnectSink<CSnapShotEvents>(info.Get());
+    ServiceSession<ISnapShotInfo, CSnapShotEvents> info(cl, CLSID_SnapShotService);
     const MountTarget target = RequireMountTarget(cl);
     const SnapRequestString liveMachine(LiveMachine(cl), MSG_MOUNT_SNAPSHOT_FAILED);
     PrintSnapWaitMessage();
@@ -56,11 +56,8 @@ void SnapMount(CCommandLine &cl) {
         MountOld(cl);
         return;
     }
-    ComPtr<ISnapShotMount> mount;
-    CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, mount);
     // Both sinks: progress lines and, for a Reflexa volume, the mirror lines.
-    EventConnection progress = ConnectSink<CSnapShotEvents>(mount.Get());
-    EventConnection mirror = ConnectSink<CSnapShotEvents2>(mount.Get());
+    ServiceSession<ISnapShotMount, CSnapShotEvents, CSnapShotEvents2> mount(cl, CLSID_SnapShotService);
     const MountTarget target = RequireMountTarget(cl);
     const SnapRequestString liveMachine(LiveMachine(cl), MSG_MOUNT_SNAPSHOT_FAILED);
     // Which volume is mounted is the service's choice from these; any
@@ -80,10 +77,9 @@ void SnapMount(CCommandLine &cl) {
 }
 
 void SnapUnmount(CCommandLine &cl) {
-    ComPtr<ISnapShotManage> manage;
-    CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, manage);
-    EventConnection progress = ConnectSink<CSnapShotEvents>(manage.Get());
-    const SnapRequestString mountPoint(RequireSnapMountPoint(cl, op::Unmount), MSG_UNMOUNT_SNAPSHOT_FAILED);
+    ServiceSession<ISnapShotManage, CSnapShotEvents> manage(cl, CLSID_SnapShotService);
+    const SnapRequestString mountPoint(RequiredMountPoint(cl, cmd::Snap, op::Unmount, MSG_USAGE_MOUNT_POINT),
+                                       MSG_UNMOUNT_SNAPSHOT_FAILED);
     const SnapRequestString reserved(L"", MSG_UNMOUNT_SNAPSHOT_FAILED);
     PrintSnapWaitMessage();
     // A forced unmount goes ahead even while an application holds the disk.

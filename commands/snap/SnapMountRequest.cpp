@@ -11,20 +11,6 @@ SnapRequestString::SnapRequestString(const wchar_t *text, unsigned failedMessage
         throw AlertUserException(failedMessageId, E_OUTOFMEMORY);
 }
 
-std::wstring RequireSnapValue(const CCommandLine &cl, const wchar_t *word, unsigned operationId, unsigned messageId) {
-    std::wstring value;
-    if (!cl.SingleValueInto(word, value))
-        throw OperationUsageException(cmd::Snap, operationId, messageId);
-    return value;
-}
-
-std::wstring RequireSnapMountPoint(const CCommandLine &cl, unsigned operationId) {
-    std::wstring mountPoint;
-    if (!cl.MountPointInto(mountPoint))
-        throw OperationUsageException(cmd::Snap, operationId, MSG_USAGE_MOUNT_POINT);
-    return mountPoint;
-}
-
 void PrintSnapWaitMessage() {
     PrintLocalError(MSG_PLEASE_WAIT);
 }

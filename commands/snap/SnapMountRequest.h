@@ -1,9 +1,7 @@
 // Pieces shared by the mount, unmount and restore handlers: the private
-// string copies the service receives, the waiting message and the checks of
-// the switches that these operations require.
+// string copies the service receives and the waiting message.
 #pragma once
 
-#include "front_end/CommandLine.h"
 #include "front_end/Holders.h"
 
 #include <string>
@@ -21,12 +19,6 @@ public:
 private:
     CoTaskPtr<wchar_t> m_copy;
 };
-
-// A required single-value switch; absent, empty of values or given more than
-// once, it is the operation's usage fault with messageId.
-std::wstring RequireSnapValue(const CCommandLine &cl, const wchar_t *word, unsigned operationId, unsigned messageId);
-// -d, normalised (a drive gives its letter, a folder gets its final backslash).
-std::wstring RequireSnapMountPoint(const CCommandLine &cl, unsigned operationId);
 
 // The waiting message before a service call that can take long.
 void PrintSnapWaitMessage();

@@ -1,14 +1,18 @@
 #include "commands/snap/VolumeRestore.h"
 
 #include "MessageIds.h"
+#include "commands/common/RequiredSwitch.h"
 #include "front_end/Switches.h"
+#include "front_end/Words.h"
 
 VolumeRestoreTarget RequireVolumeRestoreTarget(const CCommandLine &cl, unsigned operationId) {
     // Each member is built in declaration order, so the switches are checked
     // -f, -volume, -s.
-    return {SnapRequestString(RequireSnapValue(cl, sw::f, operationId, MSG_USAGE_STORAGE_SYSTEM), MSG_VOLUME_RESTORE_FAILED),
-            SnapRequestString(RequireSnapValue(cl, sw::volume, operationId, MSG_USAGE_STORAGE_VOLUME), MSG_VOLUME_RESTORE_FAILED),
-            SnapRequestString(RequireSnapValue(cl, sw::s, operationId, MSG_USAGE_SNAPSHOT_NAME), MSG_VOLUME_RESTORE_FAILED)};
+    return {
+        SnapRequestString(RequiredString(cl, sw::f, cmd::Snap, operationId, MSG_USAGE_STORAGE_SYSTEM), MSG_VOLUME_RESTORE_FAILED),
+        SnapRequestString(RequiredString(cl, sw::volume, cmd::Snap, operationId, MSG_USAGE_STORAGE_VOLUME),
+                          MSG_VOLUME_RESTORE_FAILED),
+        SnapRequestString(RequiredString(cl, sw::s, cmd::Snap, operationId, MSG_USAGE_SNAPSHOT_NAME), MSG_VOLUME_RESTORE_FAILED)};
 }
 
 void FreeNewerSnapshotList(NewerSnapshotList &list) {

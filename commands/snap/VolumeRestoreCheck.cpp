@@ -8,6 +8,7 @@
 #include "front_end/Console.h"
 #include "front_end/Words.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 namespace {
 
@@ -63,8 +64,7 @@ void PrintNewerSnapshots(const NewerSnapshotList &newer) {
 } // namespace
 
 void VolumeRestoreCheck(CCommandLine &cl) {
-    ComPtr<ISnapShotVolumeRestore> restore;
-    CreateServiceInterface(cl.MachineName(), CLSID_SnapShotService, restore);
+    ServiceSession<ISnapShotVolumeRestore> restore(cl, CLSID_SnapShotService);
     const VolumeRestoreTarget target = RequireVolumeRestoreTarget(cl, op::RestoreVolumeCheck);
     OwnedNewerSnapshotList newer;
     OwnedNonLunFileList files;

@@ -6,6 +6,7 @@
 #include "front_end/Switches.h"
 #include "service/OwnedRecord.h"
 #include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 #include <string>
 
@@ -112,8 +113,7 @@ void PrintMachine(const VirtualMachineInfo &machine, bool detail) {
 
 void HyperVList(CCommandLine &cl) {
     const bool detail = cl.IsPresent(sw::detail);
-    ComPtr<IHyperV> hyperV;
-    CreateServiceInterface(cl.MachineName(), CLSID_HyperVService, hyperV);
+    ServiceSession<IHyperV> hyperV(cl, CLSID_HyperVService);
     OwnedVirtualMachineList machines;
     CheckServiceCall(hyperV->ListVirtualMachines(detail ? TRUE : FALSE, machines.Out()), MSG_LIST_VIRTUAL_MACHINES_FAILED);
     if (machines->dwCount == 0 || machines->pVms == nullptr) {
