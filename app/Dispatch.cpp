@@ -6,34 +6,11 @@
 #include "front_end/Help.h"
 #include "front_end/Words.h"
 
-namespace {
-
-struct CommandBehaviour {
-    unsigned command;
-    UnlistedPair unlisted;
-};
-
-constexpr CommandBehaviour kUnlistedBehaviour[] = {
-    {cmd::FcpInitiator, UnlistedPair::Nothing},
-    {cmd::Dataset, UnlistedPair::GeneralUsage},
-    {cmd::Vsconfig, UnlistedPair::GeneralUsage},
-    {cmd::QrmConfig, UnlistedPair::GeneralUsage},
-};
-
-} // namespace
-
 const OperationTable &Operations() {
     static const OperationRows kFamilies[] = {SnapOperations(), DiskOperations(), ConnectivityOperations(), SpaceOperations(),
                                               DataProtectionOperations()};
     static const OperationTable kTable(kFamilies);
     return kTable;
-}
-
-UnlistedPair UnlistedPairBehaviour(unsigned commandId) {
-    for (const CommandBehaviour &row : kUnlistedBehaviour)
-        if (row.command == commandId)
-            return row.unlisted;
-    return UnlistedPair::CommandUsage;
 }
 
 // Each pair reaches at most one row, and so at most one handler.

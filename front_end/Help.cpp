@@ -21,44 +21,43 @@ constexpr const wchar_t *kHelpWord = L"help";
 constexpr const wchar_t *kFooter = L"For information about an individual operation type \"%s %s %s <operation>\"\n";
 constexpr const wchar_t *kFcpFooter = L"For information about an individual operation, type \"%s %s %s <operation>\"\n";
 
+// In the order of the general usage: first its two rows, then the commands it
+// leaves out, which are not meant for everyday use.
 constexpr CommandHelp kCommandHelp[] = {
-    {cmd::Snap, CV_HEADING(L"on snapshot copies"), kFooter, false},
-    {cmd::Arkhold, CV_HEADING(L"on a arkhold archive"), kFooter, false},
-    {cmd::Disk, CV_HEADING(L"on LUNs"), kFooter, false},
+    {cmd::Sysconfig, CV_HEADING(L"related to Corvane configuration"), kFooter, false, 1, UnlistedPair::CommandUsage},
+    {cmd::Disk, CV_HEADING(L"on LUNs"), kFooter, false, 1, UnlistedPair::CommandUsage},
+    {cmd::Snap, CV_HEADING(L"on snapshot copies"), kFooter, false, 1, UnlistedPair::CommandUsage},
+    {cmd::Arkhold, CV_HEADING(L"on a arkhold archive"), kFooter, false, 1, UnlistedPair::CommandUsage},
+    {cmd::IscsiInitiator, CV_HEADING(L"on iSCSI initiators"), kFooter, false, 1, UnlistedPair::CommandUsage},
+    {cmd::IscsiTarget, CV_HEADING(L"on iSCSI targets"), kFooter, false, 1, UnlistedPair::CommandUsage},
+    {cmd::PreferredIP, CV_HEADING(L"on preferred IP addresses"), kFooter, false, 2, UnlistedPair::CommandUsage},
+    {cmd::Spacemon, CV_HEADING(L"on space reservations monitor"), kFooter, false, 2, UnlistedPair::CommandUsage},
+    {cmd::IGroup, CV_HEADING_SPACED(L"on Initiator group"), kFooter, false, 2, UnlistedPair::CommandUsage},
+    {cmd::SpaceReclaimer, CV_HEADING_SPACED(L"on Space Reclamation"), kFooter, false, 2, UnlistedPair::CommandUsage},
+    {cmd::TransportProtocol, CV_HEADING_SPACED(L"related to transport protocol configuration"), kFooter, false, 2,
+     UnlistedPair::CommandUsage},
     {cmd::FcpInitiator,
      L"\nThe %s command performs operations on FCP initiators on the system. Following operations are available:\n", kFcpFooter,
-     false},
-    {cmd::IscsiInitiator, CV_HEADING(L"on iSCSI initiators"), kFooter, false},
-    {cmd::IscsiTarget, CV_HEADING(L"on iSCSI targets"), kFooter, false},
-    {cmd::Sysconfig, CV_HEADING(L"related to Corvane configuration"), kFooter, false},
-    {cmd::PreferredIP, CV_HEADING(L"on preferred IP addresses"), kFooter, false},
-    {cmd::Spacemon, CV_HEADING(L"on space reservations monitor"), kFooter, false},
-    {cmd::Hidden, CV_HEADING(L"for testing purpose only"), kFooter, false},
-    {cmd::IGroup, CV_HEADING_SPACED(L"on Initiator group"), kFooter, false},
-    {cmd::SpaceReclaimer, CV_HEADING_SPACED(L"on Space Reclamation"), kFooter, false},
-    {cmd::TransportProtocol, CV_HEADING_SPACED(L"related to transport protocol configuration"), kFooter, false},
-    {cmd::Dataset, CV_HEADING(L"on a dataset and related objects"), kFooter, true},
-    {cmd::Vsconfig, CV_HEADING(L"related to Corvane configuration"), kFooter, false},
-    {cmd::QrmConfig, CV_HEADING(L"related to Corvane QRM configuration"), kFooter, false},
-    {cmd::HyperV, CV_HEADING(L"on Hyper-V virtual machines"), kFooter, false},
+     false, 0, UnlistedPair::Nothing},
+    {cmd::Hidden, CV_HEADING(L"for testing purpose only"), kFooter, false, 0, UnlistedPair::CommandUsage},
+    {cmd::Dataset, CV_HEADING(L"on a dataset and related objects"), kFooter, true, 0, UnlistedPair::GeneralUsage},
+    {cmd::Vsconfig, CV_HEADING(L"related to Corvane configuration"), kFooter, false, 0, UnlistedPair::GeneralUsage},
+    {cmd::QrmConfig, CV_HEADING(L"related to Corvane QRM configuration"), kFooter, false, 0, UnlistedPair::GeneralUsage},
+    {cmd::HyperV, CV_HEADING(L"on Hyper-V virtual machines"), kFooter, false, 0, UnlistedPair::CommandUsage},
 };
 
 #undef CV_HEADING_SPACED
 #undef CV_HEADING
 
-// The general list leaves out the commands that are not meant for everyday use.
-constexpr unsigned kGeneralFirstRow[] = {cmd::Sysconfig, cmd::Disk,           cmd::Snap,
-                                         cmd::Arkhold,   cmd::IscsiInitiator, cmd::IscsiTarget};
-constexpr unsigned kGeneralSecondRow[] = {cmd::PreferredIP, cmd::Spacemon, cmd::IGroup, cmd::SpaceReclaimer,
-                                          cmd::TransportProtocol};
-
 void PrintFormat(const wchar_t *format, const wchar_t *const *args, unsigned count) {
     PrintText(SubstituteStrings(format, args, count));
 }
 
-template <size_t N> void PrintCommandRow(const unsigned (&row)[N]) {
-    for (unsigned command : row) {
-        const wchar_t *word = CommandWord(command);
+void PrintGeneralRow(unsigned row) {
+    for (const CommandHelp &help : kCommandHelp) {
+        if (help.generalRow != row)
+            continue;
+        const wchar_t *word = CommandWord(help.command);
         PrintFormat(L"\t%s", &word, 1);
     }
     PrintText(L"\n");
@@ -85,6 +84,11 @@ void PrintOperationList(const OperationTable &operations, const CommandHelp &hel
 }
 
 } // namespace
+
+UnlistedPair UnlistedPairBehaviour(unsigned commandId) {
+    const CommandHelp *help = FindCommandHelp(commandId);
+    return help != nullptr ? help->unlisted : UnlistedPair::CommandUsage;
+}
 
 const CommandHelp *FindCommandHelp(unsigned commandId) {
     for (const CommandHelp &help : kCommandHelp)
@@ -117,8 +121,8 @@ const OperationRow *OperationTable::Find(unsigned commandId, unsigned operationI
 
 void PrintGeneralUsage() {
     PrintText(L"\nThe following commands are available:\n\n");
-    PrintCommandRow(kGeneralFirstRow);
-    PrintCommandRow(kGeneralSecondRow);
+    PrintGeneralRow(1);
+    PrintGeneralRow(2);
     const wchar_t *args[] = {g_programName, kHelpWord};
     PrintFormat(L"\nFor more information type \"%s %s <command>\"\n", args, 2);
 }

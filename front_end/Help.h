@@ -53,16 +53,28 @@ private:
     unsigned m_count;
 };
 
-// What `help <command>` shows around the command's operation list; the list
-// itself is the command's usage blocks, in their order.
+// What a command does with a pair that has no handler.
+enum class UnlistedPair {
+    CommandUsage, // print the command's operation list, return normally
+    Nothing,      // print nothing, return normally
+    GeneralUsage, // print the general usage, return normally
+};
+
+// One row per command: what `help <command>` shows around the command's
+// operation list (the list itself is the command's rows in the operation
+// table), where the general usage lists it, and what a pair without a handler
+// prints.
 struct CommandHelp {
     unsigned command;
     const wchar_t *heading; // one "%s": the command word
     const wchar_t *footer;  // "%s %s %s": program, command word, "help"
     bool threeColumns;      // "\t%-30s" fields, three to a line
+    unsigned generalRow;    // 1 or 2: the row of the general usage that lists it; 0: not listed
+    UnlistedPair unlisted;
 };
 
 const CommandHelp *FindCommandHelp(unsigned commandId);
+UnlistedPair UnlistedPairBehaviour(unsigned commandId); // CommandUsage for a command without a row
 
 void PrintGeneralUsage();
 void PrintCommandUsage(const OperationTable &operations, unsigned commandId);
