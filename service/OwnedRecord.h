@@ -6,6 +6,7 @@
 #pragma once
 
 #include "front_end/Exceptions.h"
+#include "front_end/Holders.h"
 
 #include <objbase.h>
 
@@ -28,6 +29,17 @@ private:
     Record m_record;
 };
 
+// `count` zero-filled records to send (at least one byte when count is 0);
+// when memory runs out, the operation's failure (messageId) with E_OUTOFMEMORY.
+template <typename Record> CoTaskPtr<Record> AllocateSentRecords(size_t count, unsigned messageId) {
+    const size_t bytes = (count == 0 ? 1 : count) * sizeof(Record);
+    Record *records = static_cast<Record *>(CoTaskMemAlloc(bytes));
+    if (records == nullptr)
+        throw AlertUserException(messageId, E_OUTOFMEMORY);
+    std::memset(static_cast<void *>(records), 0, bytes);
+    return CoTaskPtr<Record>(records);
+}
+
 template <typename Record, void (*Free)(Record &)> class OwnedAllocation {
 public:
     OwnedAllocation() = default;
@@ -47,11 +59,7 @@ public:
     // One zero-filled record to send; when memory runs out, the operation's
     // failure (messageId) with E_OUTOFMEMORY.
     static OwnedAllocation Zeroed(unsigned messageId) {
-        Record *record = static_cast<Record *>(CoTaskMemAlloc(sizeof(Record)));
-        if (record == nullptr)
-            throw AlertUserException(messageId, E_OUTOFMEMORY);
-        std::memset(static_cast<void *>(record), 0, sizeof(Record));
-        return OwnedAllocation(record);
+        return OwnedAllocation(AllocateSentRecords<Record>(1, messageId).Release());
     }
 
     Record *Get() const { return m_record; }

@@ -6,13 +6,13 @@
 #include "MessageIds.h"
 #include "commands/Handlers.h"
 #include "commands/common/RequiredSwitch.h"
-#include "commands/common/SentRecords.h"
 #include "commands/connectivity/IscsiRecords.h"
 #include "commands/connectivity/LocalComputer.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Holders.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
+#include "service/OwnedRecord.h"
 #include "service/ServiceAccess.h"
 
 #include <cwchar>

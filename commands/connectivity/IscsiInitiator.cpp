@@ -1,13 +1,13 @@
 // iscsi_initiator list and terminate_session.
 #include "MessageIds.h"
 #include "commands/Handlers.h"
-#include "commands/common/SentRecords.h"
 #include "commands/connectivity/IscsiPrinters.h"
 #include "commands/connectivity/IscsiRecords.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Switches.h"
 #include "front_end/Values.h"
 #include "front_end/Words.h"
+#include "service/OwnedRecord.h"
 #include "service/ServiceAccess.h"
 #include "service/ServiceSession.h"
 

@@ -4,7 +4,6 @@
 #include "commands/Handlers.h"
 #include "commands/common/DiskPrinters.h"
 #include "commands/common/DiskRecords.h"
-#include "commands/common/SentRecords.h"
 #include "commands/disk/DiskTarget.h"
 #include "front_end/Console.h"
 #include "front_end/Exceptions.h"
@@ -13,6 +12,7 @@
 #include "front_end/Values.h"
 #include "front_end/Words.h"
 #include "service/EventSinks.h"
+#include "service/OwnedRecord.h"
 #include "service/ServiceAccess.h"
 #include "service/ServiceSession.h"
 

@@ -1,7 +1,6 @@
 #include "MessageIds.h"
 #include "commands/Handlers.h"
 #include "commands/common/RequiredSwitch.h"
-#include "commands/common/SentRecords.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Messages.h"
 #include "front_end/Switches.h"

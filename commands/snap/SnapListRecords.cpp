@@ -1,9 +1,9 @@
 #include "commands/snap/SnapListRecords.h"
 
 #include "MessageIds.h"
-#include "commands/common/SentRecords.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Holders.h"
+#include "service/OwnedRecord.h"
 
 namespace {
 
