@@ -38,7 +38,7 @@ std::wstring Hr(HRESULT hr);
 std::wstring Text(const wchar_t *text); // null gives "(null)"
 std::wstring Ansi(const char *text);
 
-// The scenario that every case of the method table answers from.
+// The scenario that the tests start from and return to.
 extern const char kScenario[];
 
 } // namespace contract
