@@ -100,11 +100,21 @@ HRESULT RunCommandLine(wchar_t **argv) {
 }
 
 void SetProgramName(const wchar_t *argv0) {
-    wchar_t drive[_MAX_DRIVE], dir[_MAX_DIR], ext[_MAX_EXT];
     g_programName[0] = L'\0';
     if (argv0 == nullptr)
         return;
-    _wsplitpath_s(argv0, drive, _MAX_DRIVE, dir, _MAX_DIR, g_programName, _MAX_FNAME, ext, _MAX_EXT);
+    // The name is what follows the last separator, up to its last dot. Taken
+    // by hand: splitting the whole path fails on paths longer than its buffers.
+    const wchar_t *name = argv0;
+    for (const wchar_t *p = argv0; *p != L'\0'; ++p)
+        if (*p == L'\\' || *p == L'/' || *p == L':')
+            name = p + 1;
+    const wchar_t *dot = wcsrchr(name, L'.');
+    size_t length = dot != nullptr ? static_cast<size_t>(dot - name) : wcslen(name);
+    if (length >= _MAX_FNAME)
+        length = _MAX_FNAME - 1;
+    wmemcpy(g_programName, name, length);
+    g_programName[length] = L'\0';
     _wcslwr_s(g_programName, _MAX_FNAME);
 }
 
@@ -142,6 +152,10 @@ int RunCvcli(wchar_t **argv) {
         throw AlertUserException(MSG_SERVICE_UNAVAILABLE, hr);
     }
     const HRESULT status = RunCommandLine(argv);
-    FlushOutput();
+    // A script that saves the output must not take a listing that never
+    // reached its file (a full disk) for a success.
+    const unsigned long writeError = FinishOutput();
+    if (status == S_OK && writeError != 0)
+        return static_cast<int>(HRESULT_FROM_WIN32(writeError));
     return static_cast<int>(status);
 }
