@@ -119,6 +119,10 @@ int RunCvcli(wchar_t **argv) {
         throw AlertUserException(MSG_SERVICE_UNAVAILABLE, hr);
     }
     const HRESULT status = RunCommandLine(argv);
-    FlushOutput();
+    // A script that saves the output must not take a listing that never
+    // reached its file (a full disk) for a success.
+    const unsigned long writeError = FinishOutput();
+    if (status == S_OK && writeError != 0)
+        return static_cast<int>(HRESULT_FROM_WIN32(writeError));
     return static_cast<int>(status);
 }

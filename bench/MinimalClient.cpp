@@ -29,8 +29,9 @@ namespace {
 
 void WriteOnce(const std::wstring &text) {
     std::string bytes;
-    bool lastWasCr = false;
-    AppendUtf8WithCrLf(text.data(), text.size(), bytes, lastWasCr);
+    unsigned heldCrs = 0;
+    AppendUtf8WithCrLf(text.data(), text.size(), bytes, heldCrs);
+    AppendHeldCrs(bytes, heldCrs);
     DWORD written = 0;
     WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
 }

@@ -17,7 +17,7 @@ enum class Target { Unknown, None, Console, Stream };
 
 class OutputWriter {
 public:
-    ~OutputWriter() { Flush(); }
+    ~OutputWriter() { Finish(); }
 
     void Write(const wchar_t *text, size_t length) {
         std::lock_guard<std::mutex> lock(m_mutex);
@@ -26,8 +26,8 @@ public:
         if (m_target == Target::Console) {
             DWORD written = 0;
             WriteConsoleW(m_handle, text, static_cast<DWORD>(length), &written, nullptr);
-        } else if (m_target == Target::Stream) {
-            AppendUtf8WithCrLf(text, length, m_pending, m_lastWasCr);
+        } else if (m_target == Target::Stream && !m_stopped) {
+            AppendUtf8WithCrLf(text, length, m_pending, m_heldCrs);
             if (m_pending.size() >= kFlushBytes)
                 FlushLocked();
         }
@@ -36,6 +36,14 @@ public:
     void Flush() {
         std::lock_guard<std::mutex> lock(m_mutex);
         FlushLocked();
+    }
+
+    DWORD Finish() {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (!m_stopped)
+            AppendHeldCrs(m_pending, m_heldCrs);
+        FlushLocked();
+        return m_error;
     }
 
 private:
@@ -56,11 +64,19 @@ private:
 
     void FlushLocked() {
         size_t done = 0;
-        while (done < m_pending.size()) {
+        while (!m_stopped && done < m_pending.size()) {
             DWORD written = 0;
             const DWORD chunk = static_cast<DWORD>(m_pending.size() - done);
-            if (!WriteFile(m_handle, m_pending.data() + done, chunk, &written, nullptr) || written == 0)
-                break; // a closed pipe: the rest has nowhere to go
+            if (!WriteFile(m_handle, m_pending.data() + done, chunk, &written, nullptr)) {
+                // A reader that went away (a closed pipe) is no failure of the
+                // run; anything else (a full disk) is: the output is lost.
+                const DWORD error = GetLastError();
+                if (error != ERROR_NO_DATA && error != ERROR_BROKEN_PIPE)
+                    m_error = error != 0 ? error : ERROR_WRITE_FAULT;
+                m_stopped = true;
+            } else if (written == 0) {
+                m_stopped = true; // nothing goes out: the rest has nowhere to go
+            }
             done += written;
         }
         m_pending.clear();
@@ -70,7 +86,9 @@ private:
     Target m_target = Target::Unknown;
     HANDLE m_handle = nullptr;
     std::string m_pending;
-    bool m_lastWasCr = false;
+    unsigned m_heldCrs = 0;
+    bool m_stopped = false; // nothing more is written once a write has failed
+    DWORD m_error = 0;
 };
 
 OutputWriter &Writer() {
@@ -90,10 +108,11 @@ void WriteOut(const wchar_t *text, size_t length) {
 
 } // namespace
 
-void AppendUtf8WithCrLf(const wchar_t *text, size_t length, std::string &out, bool &lastWasCr) {
+void AppendUtf8WithCrLf(const wchar_t *text, size_t length, std::string &out, unsigned &heldCrs) {
     // Texts arrive with either line end (literal formats end in LF, message
-    // and system texts in CR LF): every LF becomes CR LF unless a CR already
-    // stands before it, also when that CR ended the previous write.
+    // and system texts in CR LF, service texts with anything): every LF ends
+    // up as exactly CR LF, whatever CRs stood before it, also when they ended
+    // the previous write. A CR that no LF follows stays as it is.
     size_t start = 0;
     auto appendRun = [&](size_t from, size_t to) {
         if (to <= from)
@@ -107,20 +126,33 @@ void AppendUtf8WithCrLf(const wchar_t *text, size_t length, std::string &out, bo
         WideCharToMultiByte(CP_UTF8, 0, text + from, count, &out[at], bytes, nullptr, nullptr);
     };
     for (size_t i = 0; i < length; ++i) {
-        if (text[i] == L'\n') {
-            const bool crBefore = i > 0 ? text[i - 1] == L'\r' : lastWasCr;
+        if (text[i] == L'\r') {
             appendRun(start, i);
-            out += crBefore ? "\n" : "\r\n";
+            ++heldCrs;
             start = i + 1;
+        } else if (text[i] == L'\n') {
+            appendRun(start, i);
+            out += "\r\n";
+            heldCrs = 0;
+            start = i + 1;
+        } else if (heldCrs > 0) {
+            AppendHeldCrs(out, heldCrs);
         }
     }
     appendRun(start, length);
-    if (length > 0)
-        lastWasCr = text[length - 1] == L'\r';
+}
+
+void AppendHeldCrs(std::string &out, unsigned &heldCrs) {
+    out.append(heldCrs, '\r');
+    heldCrs = 0;
 }
 
 void FlushOutput() {
     Writer().Flush();
+}
+
+unsigned long FinishOutput() {
+    return Writer().Finish();
 }
 
 std::wstring FormatTextV(const wchar_t *format, va_list args) {

@@ -37,13 +37,22 @@ inline const wchar_t *OrEmpty(const wchar_t *text) {
     return text != nullptr ? text : L"";
 }
 
-// Writes out what a pipe or file has not received yet. Start-up calls it
-// before the process ends, on every path.
+// Writes out what a pipe or file has not received yet (before a prompt).
 void FlushOutput();
 
-// UTF-8 of the text appended to out, each LF written as CR LF unless a CR
-// stands before it (lastWasCr carries that across calls).
-void AppendUtf8WithCrLf(const wchar_t *text, size_t length, std::string &out, bool &lastWasCr);
+// Writes out everything, the last CRs included, at the end of the run, and
+// gives the Windows error that stopped the writing: 0 when everything was
+// written, or when the reader went away (a closed pipe: nobody is left to
+// tell), else the error (ERROR_DISK_FULL, ...). Start-up calls it before the
+// process ends, on every path.
+unsigned long FinishOutput();
+
+// UTF-8 of the text appended to out. Each LF becomes CR LF, and a run of CRs
+// before an LF becomes one CR: CRs at the end of a text are held back in
+// heldCrs until the next text shows what follows them. AppendHeldCrs writes
+// out what is held when nothing more comes.
+void AppendUtf8WithCrLf(const wchar_t *text, size_t length, std::string &out, unsigned &heldCrs);
+void AppendHeldCrs(std::string &out, unsigned &heldCrs);
 
 // Test seam: when set, output is appended here instead of being written out.
 void CaptureOutput(std::wstring *sink);

@@ -66,8 +66,12 @@ void AppendText(wchar_t *buffer, size_t chars, const wchar_t *text) {
         return;
     size_t room = chars - used - 1;
     size_t add = wcslen(text);
-    if (add > room)
+    if (add > room) {
         add = room;
+        // Cut on a character boundary: half a surrogate pair would print as U+FFFD.
+        if (add > 0 && text[add - 1] >= 0xD800 && text[add - 1] <= 0xDBFF)
+            --add;
+    }
     std::wmemcpy(buffer + used, text, add);
     buffer[used + add] = L'\0';
 }

@@ -92,6 +92,12 @@ template <typename Count> void FreeStringArray(wchar_t **&strings, Count &count)
     count = 0;
 }
 
+// How many elements a returned counted array holds: a count without an array
+// (which COM carries faithfully) is an empty list, never a list to read.
+template <typename Element, typename Count> Count CountOf(const Element *items, Count count) {
+    return items != nullptr ? count : 0;
+}
+
 template <typename T> void FreeAndClear(T *&pointer) {
     CoTaskMemFree(pointer);
     pointer = nullptr;

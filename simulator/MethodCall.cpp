@@ -21,7 +21,7 @@ std::string Call::Where() const {
 }
 
 void Call::Play() {
-    response_ = TheServer().GetEngine().Next(key_);
+    response_ = TheServer().GetEngine().Next(key_, object_.Positions());
     for (const Json &event : response_.events)
         FireEvent(object_, event, sinksCalled_, sinkFailures_);
     if (response_.delayMs > 0)

@@ -26,9 +26,12 @@ public:
         Play();
         try {
             Allocator memory;
-            Reader data(response_.data, Where(), memory);
+            ArrayShapes shapes;
+            Reader data(response_.data, Where(), memory, &shapes);
+            data.TakeShapes();
             fill(data);
             data.Done();
+            data.CheckShapes();
             memory.Commit();
         } catch (const ScenarioError &error) {
             reset();
@@ -63,10 +66,13 @@ HRESULT NotImplemented(CServiceObject &object, const char *methodKey);
 template <typename... Outs> DataCheck CheckOf(void (*fill)(Reader &, Outs &...)) {
     return [fill](const Json &data, const std::string &path) {
         Allocator memory;
-        Reader reader(data, path, memory);
+        ArrayShapes shapes;
+        Reader reader(data, path, memory, &shapes);
+        reader.TakeShapes();
         std::tuple<Outs...> outs{};
         std::apply([&](Outs &...out) { fill(reader, out...); }, outs);
         reader.Done();
+        reader.CheckShapes();
     };
 }
 

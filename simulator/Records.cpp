@@ -39,10 +39,36 @@ char *Allocator::AnsiString(const std::string &utf8) {
     return copy;
 }
 
-Reader::Reader(const Json &object, std::string path, Allocator &allocator)
-    : object_(object), path_(std::move(path)), allocator_(allocator) {
+Reader::Reader(const Json &object, std::string path, Allocator &allocator, ArrayShapes *shapes)
+    : object_(object), path_(std::move(path)), allocator_(allocator), shapes_(shapes) {
     if (!object_.is_object())
         throw ScenarioError(path_ + ": expected an object (a record)");
+}
+
+void Reader::TakeShapes() {
+    if (shapes_ == nullptr)
+        return;
+    for (const char *key : {"nullArray", "nullElement"}) {
+        const Json *value = Find(key);
+        if (value == nullptr)
+            continue;
+        if (!value->is_string())
+            throw ScenarioError(Path(key) + ": expected the key of an array of this response (such as \"disks\")");
+        (std::string(key) == "nullArray" ? shapes_->nullArray : shapes_->nullElement) = value->get<std::string>();
+    }
+}
+
+void Reader::CheckShapes() const {
+    if (shapes_ == nullptr)
+        return;
+    for (const std::string *name : {&shapes_->nullArray, &shapes_->nullElement})
+        if (!name->empty() && shapes_->met.count(*name) == 0) {
+            std::string known;
+            for (const std::string &array : shapes_->met)
+                known += (known.empty() ? "" : ", ") + array;
+            throw ScenarioError(path_ + ": " + *name + " is no array of this response (arrays here: " +
+                                (known.empty() ? std::string("none") : known) + ")");
+        }
 }
 
 const Json *Reader::Find(const char *name) {

@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include <limits>
+#include <set>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -34,12 +35,29 @@ private:
     std::vector<void *> blocks_;
 };
 
+// Hostile but legal shapes of the arrays a method returns, asked for by two
+// keys of a response, each naming an array by its key wherever it appears:
+// "nullArray" keeps the array's count (at least 1) and sends no array at all;
+// "nullElement" puts an element of zeros first (a null string in an array of
+// strings, a record of zeros and null pointers in an array of records).
+struct ArrayShapes {
+    std::string nullArray;
+    std::string nullElement;
+    std::set<std::string> met; // the array keys the data holds, to refuse a name that is none of them
+};
+
 // A JSON object read as one record. Every field is optional (absent leaves the
 // zero of the freshly allocated record); a field that is present must have
 // the right type, and Done() refuses keys that are no field of the record.
 class Reader {
 public:
-    Reader(const Json &object, std::string path, Allocator &allocator);
+    Reader(const Json &object, std::string path, Allocator &allocator, ArrayShapes *shapes = nullptr);
+
+    // The top level of a method's data: takes the "nullArray" and
+    // "nullElement" keys into the shapes given to the constructor, and after
+    // the fill refuses a name that is no array of the data.
+    void TakeShapes();
+    void CheckShapes() const;
 
     template <typename T, std::enable_if_t<std::is_integral<T>::value, int> = 0> void Field(const char *name, T &out) {
         if (const Json *value = Find(name))
@@ -73,13 +91,15 @@ public:
         if (value == nullptr)
             return;
         ExpectArray(*value, name);
-        count = static_cast<Count>(value->size());
-        out = allocator_.AllocArray<wchar_t *>(value->size());
-        for (size_t i = 0; i < value->size(); ++i) {
+        for (size_t i = 0; i < value->size(); ++i)
             if (!(*value)[i].is_string())
                 throw ScenarioError(Path(name) + "[" + std::to_string(i) + "]: expected a string");
-            out[i] = allocator_.String((*value)[i].get<std::string>());
-        }
+        const size_t first = Shape(name, value->size(), count);
+        if (first == kNoArray)
+            return;
+        out = allocator_.AllocArray<wchar_t *>(value->size() + first);
+        for (size_t i = 0; i < value->size(); ++i)
+            out[first + i] = allocator_.String((*value)[i].get<std::string>());
     }
 
     // An array of records: `fill(Reader &, T &)` reads each.
@@ -88,11 +108,18 @@ public:
         if (value == nullptr)
             return;
         ExpectArray(*value, name);
-        count = static_cast<Count>(value->size());
-        out = allocator_.AllocArray<T>(value->size());
+        const size_t first = Shape(name, value->size(), count);
+        // Without an array the records are still read, into scratch memory
+        // that goes with this call, so that a faulty one is reported whatever the shape.
+        Allocator scratch;
+        Allocator &memory = first == kNoArray ? scratch : allocator_;
+        const size_t at = first == kNoArray ? 0 : first;
+        T *records = memory.AllocArray<T>(value->size() + at);
+        if (first != kNoArray)
+            out = records;
         for (size_t i = 0; i < value->size(); ++i) {
-            Reader item((*value)[i], Path(name) + "[" + std::to_string(i) + "]", allocator_);
-            fill(item, out[i]);
+            Reader item((*value)[i], Path(name) + "[" + std::to_string(i) + "]", memory, shapes_);
+            fill(item, records[at + i]);
             item.Done();
         }
     }
@@ -103,7 +130,7 @@ public:
         if (value == nullptr || value->is_null())
             return;
         out = allocator_.AllocArray<T>(1);
-        Reader item(*value, Path(name), allocator_);
+        Reader item(*value, Path(name), allocator_, shapes_);
         fill(item, *out);
         item.Done();
     }
@@ -113,7 +140,7 @@ public:
         const Json *value = Find(name);
         if (value == nullptr)
             return;
-        Reader item(*value, Path(name), allocator_);
+        Reader item(*value, Path(name), allocator_, shapes_);
         fill(item);
         item.Done();
     }
@@ -123,6 +150,20 @@ public:
     const std::string &Where() const { return path_; }
 
 private:
+    static constexpr size_t kNoArray = static_cast<size_t>(-1);
+    // Sets the count of the array `name` of `size` elements and says where
+    // its elements start (1 after a null element), or kNoArray for none.
+    template <typename Count> size_t Shape(const char *name, size_t size, Count &count) {
+        if (shapes_ != nullptr)
+            shapes_->met.insert(name);
+        if (shapes_ != nullptr && shapes_->nullArray == name) {
+            count = static_cast<Count>(size == 0 ? 1 : size);
+            return kNoArray;
+        }
+        const size_t first = shapes_ != nullptr && shapes_->nullElement == name ? 1 : 0;
+        count = static_cast<Count>(size + first);
+        return first;
+    }
     const Json *Find(const char *name);
     std::string Path(const char *name) const { return path_ + "." + name; }
     void ExpectArray(const Json &value, const char *name) const;
@@ -132,6 +173,7 @@ private:
     const Json &object_;
     std::string path_;
     Allocator &allocator_;
+    ArrayShapes *shapes_;
     std::vector<std::string> used_;
 };
 

@@ -255,20 +255,17 @@ std::vector<std::string> ParseScenario(const std::string &text, const Catalog &c
     return problems;
 }
 
-void Engine::Load(const std::string &text, bool newSession) {
+void Engine::Load(const std::string &text) {
     std::lock_guard<std::mutex> guard(lock_);
-    if (loaded_ && text == text_) {
-        if (newSession)
-            calls_.clear();
+    if (loaded_ && text == text_)
         return;
-    }
+    ++generation_;
     Scenario scenario;
     std::vector<std::string> problems = ParseScenario(text, catalog_, scenario);
     if (!problems.empty()) {
         loaded_ = false;
         text_.clear();
         scenario_ = Scenario();
-        calls_.clear();
         std::string message;
         for (const std::string &problem : problems)
             message += (message.empty() ? "" : "\n") + problem;
@@ -277,7 +274,6 @@ void Engine::Load(const std::string &text, bool newSession) {
     loaded_ = true;
     text_ = text;
     scenario_ = std::move(scenario);
-    calls_.clear();
 }
 
 bool Engine::Loaded() const {
@@ -290,12 +286,16 @@ Scenario Engine::Current() const {
     return scenario_;
 }
 
-Response Engine::Next(const std::string &methodKey) {
+Response Engine::Next(const std::string &methodKey, ResponsePositions &positions) {
     std::lock_guard<std::mutex> guard(lock_);
+    if (positions.scenario != generation_) {
+        positions.calls.clear();
+        positions.scenario = generation_;
+    }
     auto it = scenario_.methods.find(methodKey);
     if (it == scenario_.methods.end() || it->second.empty())
         return Response();
-    size_t position = calls_[methodKey]++;
+    size_t position = positions.calls[methodKey]++;
     if (position >= it->second.size())
         position = it->second.size() - 1;
     return it->second[position];

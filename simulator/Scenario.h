@@ -73,25 +73,31 @@ std::vector<std::string> ParseScenario(const std::string &text, const Catalog &c
 // usual names ("S_OK", "E_FAIL", ...). Throws ScenarioError.
 HRESULT ParseResult(const Json &value, const std::string &path);
 
-// The scenario in force and the position of each method in its response list.
-// Thread-safe: calls arrive on any RPC thread.
+// Where one client object stands in each method's list of responses. Each
+// object keeps its own, so that clients running at the same time never take
+// each other's responses.
+struct ResponsePositions {
+    unsigned long long scenario = 0; // the scenario text the positions belong to
+    std::map<std::string, size_t> calls;
+};
+
+// The scenario in force. Thread-safe: calls arrive on any RPC thread.
 class Engine {
 public:
     explicit Engine(Catalog catalog) : catalog_(std::move(catalog)) {}
 
-    // Takes a freshly read scenario text. The response positions restart when
-    // the text differs from the one in force or when `newSession` says that
-    // no object of an earlier client is still alive. On a faulty text the
-    // scenario in force is dropped and ScenarioError lists the problems.
-    void Load(const std::string &text, bool newSession);
+    // Takes a freshly read scenario text; every object's positions restart
+    // when it differs from the one in force. On a faulty text the scenario in
+    // force is dropped and ScenarioError lists the problems.
+    void Load(const std::string &text);
 
     bool Loaded() const;
     Scenario Current() const;
 
-    // The next response of a method: successive calls walk the list, the last
-    // entry repeats. A method that the scenario leaves out answers S_OK with
-    // no data.
-    Response Next(const std::string &methodKey);
+    // The next response of a method for the object whose positions these
+    // are: its successive calls walk the list, the last entry repeats. A
+    // method that the scenario leaves out answers S_OK with no data.
+    Response Next(const std::string &methodKey, ResponsePositions &positions);
 
     const Catalog &GetCatalog() const { return catalog_; }
 
@@ -101,7 +107,7 @@ private:
     bool loaded_ = false;
     std::string text_;
     Scenario scenario_;
-    std::map<std::string, size_t> calls_;
+    unsigned long long generation_ = 1; // changes with every text taken
 };
 
 } // namespace sim

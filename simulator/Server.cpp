@@ -75,7 +75,7 @@ HRESULT Server::PrepareCreation(const std::string &className, std::set<std::stri
         problem = "cannot read the scenario file (Windows error " + std::to_string(error) + ")";
     } else {
         try {
-            engine_->Load(text, objects_ == 0);
+            engine_->Load(text);
         } catch (const ScenarioError &error) {
             hr = HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
             problem = std::string("the scenario file is not valid:\n") + error.what();

@@ -80,6 +80,9 @@ public:
     // has no such events.
     CConnectionPoint *FindPoint(const IID &eventIid);
 
+    // This object's place in the scenario's response lists (the engine's lock guards it).
+    ResponsePositions &Positions() { return positions_; }
+
 private:
     const ClassDef &definition_;
     std::set<std::string> missing_;
@@ -87,6 +90,7 @@ private:
     std::atomic<ULONG> references_{1};
     std::vector<std::unique_ptr<PartBase>> parts_;
     std::vector<std::unique_ptr<CConnectionPoint>> points_;
+    ResponsePositions positions_;
 };
 
 template <typename Interface> HRESULT STDMETHODCALLTYPE TPart<Interface>::QueryInterface(REFIID riid, void **object) {

@@ -2,6 +2,7 @@
 
 #include "front_end/Console.h"
 #include "front_end/Messages.h"
+#include "service/OwnedRecord.h"
 
 #include <windows.h>
 
@@ -12,7 +13,7 @@ namespace {
 
 std::wstring JoinMountPoints(const DiskInfo &disk) {
     std::wstring joined;
-    for (DWORD i = 0; i < disk.dwMountPointCount && disk.pwszMountPoints != nullptr; ++i) {
+    for (DWORD i = 0; i < CountOf(disk.pwszMountPoints, disk.dwMountPointCount); ++i) {
         if (i > 0)
             joined += L", ";
         const wchar_t *mountPoint = OrNull(disk.pwszMountPoints[i]);
@@ -25,7 +26,7 @@ std::wstring JoinMountPoints(const DiskInfo &disk) {
 
 std::wstring JoinAddresses(const DiskInfo &disk) {
     std::wstring joined;
-    for (DWORD i = 0; i < disk.dwIpAddressCount && disk.pwszIpAddresses != nullptr; ++i) {
+    for (DWORD i = 0; i < CountOf(disk.pwszIpAddresses, disk.dwIpAddressCount); ++i) {
         if (i > 0)
             joined += L", ";
         joined += OrNull(disk.pwszIpAddresses[i]);
@@ -108,14 +109,15 @@ void PrintDiskInfoEx(const DiskInfoEx &entry) {
     const DiskInfo &disk = entry.pDisk != nullptr ? *entry.pDisk : empty;
     PrintHead(disk);
     Print(L"\tHyper-V VHD Present:\t%ls\n", BoolToYesNo(entry.bHyperVVhdPresent != 0));
-    if (entry.bHyperVVhdPresent && entry.dwVmCount > 0 && entry.pVms != nullptr) {
+    const DWORD vms = CountOf(entry.pVms, entry.dwVmCount);
+    if (entry.bHyperVVhdPresent && vms > 0) {
         std::wstring names;
-        for (DWORD i = 0; i < entry.dwVmCount; ++i) {
+        for (DWORD i = 0; i < vms; ++i) {
             if (i > 0)
                 names += L", ";
             names += OrNull(entry.pVms[i].wszVmName);
         }
-        Print(entry.dwVmCount == 1 ? L"\tHyper-V VM Name:\t%ls\n" : L"\tHyper-V VMs Name:\t%ls\n", names.c_str());
+        Print(vms == 1 ? L"\tHyper-V VM Name:\t%ls\n" : L"\tHyper-V VMs Name:\t%ls\n", names.c_str());
     }
     PrintTail(disk);
 }

@@ -45,14 +45,18 @@ long ParseLunPath(IVirtualDisk *disk, const wchar_t *path, LunLocation &out) {
 
     PrintNarrow("\nNotice: UNC path is deprecated.  LUN path usage is preferred.\n\n");
     UncPathInfo *translated = nullptr;
-    HRESULT hr = disk->TranslateUncPath(path, &translated);
-    if (FAILED(hr))
+    const HRESULT hr = disk->TranslateUncPath(path, &translated);
+    OwnedUncPathInfo owned(translated); // the service may send a record with its refusal too
+    // Anything but S_OK is the service's refusal, S_FALSE included: its code is the status.
+    if (hr != S_OK)
         return hr;
-    OwnedUncPathInfo owned(translated);
-    if (translated != nullptr) {
-        out.storageSystem = OrEmpty(translated->wszStorageSystem);
-        out.storageSystemPath = OrEmpty(translated->wszStorageSystemPath);
-    }
+    // A translation that names no storage system or no path names no LUN: it
+    // must never reach a call that deletes or grows one.
+    if (translated == nullptr || OrEmpty(translated->wszStorageSystem)[0] == L'\0' ||
+        OrEmpty(translated->wszStorageSystemPath)[0] == L'\0')
+        return kInvalidLunPath;
+    out.storageSystem = translated->wszStorageSystem;
+    out.storageSystemPath = translated->wszStorageSystemPath;
     return 0;
 }
 
@@ -70,7 +74,7 @@ ConnectedDisk FindDiskByLunPath(IVirtualDisk *disk, const wchar_t *path) {
         PrintIncorrectLunPath();
         throw AlertUserException(MSG_INVALID_LUN_PATH, status);
     }
-    for (DWORD i = 0; i < disks->dwCount; ++i) {
+    for (DWORD i = 0; i < CountOf(disks->pDisks, disks->dwCount); ++i) {
         const DiskInfo &candidate = disks->pDisks[i];
         if (EqualIgnoringCase(candidate.wszStorageSystemPath, location.storageSystemPath) &&
             EqualIgnoringCase(candidate.wszStorageSystem, location.storageSystem)) {
@@ -89,9 +93,9 @@ ConnectedDisk FindDiskByMountPoint(IVirtualDisk *disk, const wchar_t *mountPoint
     OwnedDiskInfoList disks;
     EnumerateDisks(disk, disks);
     const std::wstring wanted = OrEmpty(mountPoint);
-    for (DWORD i = 0; i < disks->dwCount; ++i) {
+    for (DWORD i = 0; i < CountOf(disks->pDisks, disks->dwCount); ++i) {
         const DiskInfo &candidate = disks->pDisks[i];
-        for (DWORD m = 0; candidate.pwszMountPoints != nullptr && m < candidate.dwMountPointCount; ++m) {
+        for (DWORD m = 0; m < CountOf(candidate.pwszMountPoints, candidate.dwMountPointCount); ++m) {
             // Compared as typed: E: and E:\ are different mount points.
             if (EqualIgnoringCase(candidate.pwszMountPoints[m], wanted)) {
                 ConnectedDisk found;

@@ -8,6 +8,7 @@
 #include "commands/common/RequiredSwitch.h"
 #include "commands/connectivity/IscsiRecords.h"
 #include "commands/connectivity/LocalComputer.h"
+#include "commands/connectivity/PasswordPrompt.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Holders.h"
 #include "front_end/Switches.h"
@@ -26,8 +27,8 @@ struct SessionRequest {
     DWORD initiatorPortalId = 0;
     DWORD targetAddress = 0; // network byte order, as inet_addr gives it
     DWORD targetPort = 0;
-    const wchar_t *chapName = nullptr; // both null without -c
-    const wchar_t *chapPassword = nullptr;
+    const wchar_t *chapName = nullptr;     // both null without -c
+    const wchar_t *chapPassword = nullptr; // null with -c and the name alone: asked for at the console
 };
 
 [[noreturn]] void Usage(unsigned messageId) {
@@ -59,10 +60,11 @@ SessionRequest ReadRequest(const CCommandLine &cl) {
         Usage(MSG_USAGE_TARGET_PORTAL);
     if (cl.IsPresent(sw::c)) {
         const CCommandLine::ValueList &chap = *cl.Values(sw::c);
-        if (chap.size() != 2)
+        if (chap.empty() || chap.size() > 2)
             Usage(0); // no message of its own: the usage shows the CHAP name and password
         request.chapName = chap[0].c_str();
-        request.chapPassword = chap[1].c_str();
+        if (chap.size() == 2)
+            request.chapPassword = chap[1].c_str();
     }
     // Neither the address nor the port is checked here: the service decides.
     request.targetAddress = AddressOf((*portal)[0]);
@@ -155,7 +157,12 @@ wchar_t *CopyOrThrow(const wchar_t *text) {
 } // namespace
 
 void IscsiInitiatorEstablishSession(CCommandLine &cl) {
-    const SessionRequest request = ReadRequest(cl);
+    SessionRequest request = ReadRequest(cl);
+    // A secret typed at the prompt never shows in the process list, as one on
+    // the command line does.
+    const SecretText typedSecret = request.chapName != nullptr && request.chapPassword == nullptr ? ReadPassword() : SecretText();
+    if (request.chapName != nullptr && request.chapPassword == nullptr)
+        request.chapPassword = typedSecret.Get();
     ComPtr<IIscsi> iscsi;
     CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, iscsi);
     RefuseDuplicate(iscsi.Get(), cl, request);

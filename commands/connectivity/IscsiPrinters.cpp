@@ -34,8 +34,9 @@ void PrintPortal(const std::wstring &prefix, const IscsiPortal &portal) {
 
 void PrintPortalList(const std::wstring &prefix, DWORD count, const IscsiPortal *portals) {
     // "portals(s)" is how the heading has always read; scripts match it.
+    count = CountOf(portals, count);
     Print(L"%ls%d portals(s):\n", prefix.c_str(), static_cast<int>(count));
-    for (DWORD i = 0; portals != nullptr && i < count; ++i)
+    for (DWORD i = 0; i < count; ++i)
         PrintPortal(prefix + L"\t", portals[i]);
 }
 
@@ -68,8 +69,9 @@ void PrintConnection(const std::wstring &prefix, const IscsiConnection &connecti
 }
 
 void PrintConnectionList(const std::wstring &prefix, DWORD count, const IscsiConnection *connections) {
+    count = CountOf(connections, count);
     Print(L"%ls%d iSCSI connection(s):\n", prefix.c_str(), static_cast<int>(count));
-    for (DWORD i = 0; connections != nullptr && i < count; ++i)
+    for (DWORD i = 0; i < count; ++i)
         PrintConnection(prefix + L"\t", connections[i]);
 }
 
@@ -86,8 +88,9 @@ void PrintSession(const std::wstring &prefix, const IscsiSession &session) {
 }
 
 void PrintSessionList(const std::wstring &prefix, DWORD count, const IscsiSession *sessions) {
+    count = CountOf(sessions, count);
     Print(L"%ls%d iSCSI session(s):\n", prefix.c_str(), static_cast<int>(count));
-    for (DWORD i = 0; sessions != nullptr && i < count; ++i) {
+    for (DWORD i = 0; i < count; ++i) {
         if (i > 0)
             Print(L"\n");
         PrintSession(prefix + L"\t", sessions[i]);
@@ -125,8 +128,9 @@ std::string Ipv4Text(DWORD address) {
 }
 
 void PrintConnectedTargetList(const std::wstring &prefix, const IscsiConnectedTargetList &list) {
-    Print(L"%ls%d connected iSCSI target(s):\n", prefix.c_str(), static_cast<int>(list.dwCount));
-    for (DWORD i = 0; list.pTargets != nullptr && i < list.dwCount; ++i) {
+    const DWORD count = CountOf(list.pTargets, list.dwCount);
+    Print(L"%ls%d connected iSCSI target(s):\n", prefix.c_str(), static_cast<int>(count));
+    for (DWORD i = 0; i < count; ++i) {
         if (i > 0)
             Print(L"\n");
         PrintConnectedTarget(prefix + L"\t", list.pTargets[i]);
@@ -134,16 +138,17 @@ void PrintConnectedTargetList(const std::wstring &prefix, const IscsiConnectedTa
 }
 
 void PrintStorageTargetList(const IscsiStorageTargetList &list) {
-    Print(L"%d iSCSI target(s)\n", static_cast<int>(list.dwCount));
+    const DWORD count = CountOf(list.pTargets, list.dwCount);
+    Print(L"%d iSCSI target(s)\n", static_cast<int>(count));
     Print(L"\n");
-    for (DWORD i = 0; list.pTargets != nullptr && i < list.dwCount; ++i) {
+    for (DWORD i = 0; i < count; ++i) {
         const IscsiStorageTarget &target = list.pTargets[i];
         Print(L"target name: %ls\n", HasField(target.dwMask, 1) ? OrNull(target.wszTargetName) : L"Unknown");
         if (HasField(target.dwMask, 8))
             Print(L"LUN count: %d\n", static_cast<int>(target.dwLunCount));
         if (!HasField(target.dwMask, 16))
             continue;
-        Print(L"\t%d network portal(s)\n", static_cast<int>(target.dwPortalCount));
+        Print(L"\t%d network portal(s)\n", static_cast<int>(CountOf(target.pPortals, target.dwPortalCount)));
         Print(L"\n");
         for (DWORD j = 0; target.pPortals != nullptr && j < target.dwPortalCount; ++j)
             PrintNetworkPortal(target.pPortals[j]);

@@ -25,9 +25,10 @@ void PrintPortInitiator(IVirtualDisk *disk, const DiskInfo &info) {
 void ListExtended(IVirtualDisk2 *disk) {
     OwnedDiskInfoExList disks;
     CheckServiceCall(disk->EnumerateDisksEx(disks.Out()), MSG_LIST_DISKS_FAILED);
-    if (disks->dwCount == 0)
+    const DWORD count = CountOf(disks->pDisks, disks->dwCount);
+    if (count == 0)
         PrintNoLuns();
-    for (DWORD i = 0; i < disks->dwCount; ++i) {
+    for (DWORD i = 0; i < count; ++i) {
         const DiskInfoEx &entry = disks->pDisks[i];
         PrintDiskInfoEx(entry);
         if (entry.pDisk != nullptr)
@@ -38,9 +39,10 @@ void ListExtended(IVirtualDisk2 *disk) {
 void ListBasic(IVirtualDisk *disk) {
     OwnedDiskInfoList disks;
     CheckServiceCall(disk->EnumerateDisks(disks.Out()), MSG_LIST_DISKS_FAILED);
-    if (disks->dwCount == 0)
+    const DWORD count = CountOf(disks->pDisks, disks->dwCount);
+    if (count == 0)
         PrintNoLuns();
-    for (DWORD i = 0; i < disks->dwCount; ++i) {
+    for (DWORD i = 0; i < count; ++i) {
         PrintDiskInfo(disks->pDisks[i]);
         PrintPortInitiator(disk, disks->pDisks[i]);
     }

@@ -131,40 +131,45 @@ const char kTwoResponses[] = R"({"methods": {"IDisk.Get": [{"result": 1}, {"resu
 
 TEST(ScenarioEngine, WalksTheListAndRepeatsTheLastResponse) {
     Engine engine(TestCatalog());
-    engine.Load(kTwoResponses, true);
-    EXPECT_EQ(engine.Next("IDisk.Get").result, 1);
-    EXPECT_EQ(engine.Next("IDisk.Get").result, 2);
-    EXPECT_EQ(engine.Next("IDisk.Get").result, 2);
-    Response unscripted = engine.Next("IDisk.Delete");
+    engine.Load(kTwoResponses);
+    ResponsePositions object;
+    EXPECT_EQ(engine.Next("IDisk.Get", object).result, 1);
+    EXPECT_EQ(engine.Next("IDisk.Get", object).result, 2);
+    EXPECT_EQ(engine.Next("IDisk.Get", object).result, 2);
+    Response unscripted = engine.Next("IDisk.Delete", object);
     EXPECT_EQ(unscripted.result, S_OK);
     EXPECT_EQ(unscripted.index, -1);
 }
 
-TEST(ScenarioEngine, RestartsOnANewTextOrANewSessionOnly) {
+// Clients that run at the same time each walk the list from its start; a
+// changed scenario sends every object back to the start of the new one.
+TEST(ScenarioEngine, KeepsOnePositionPerObjectUntilTheTextChanges) {
     struct Case {
         const char *secondText;
-        bool newSession;
+        bool sameObject;
         HRESULT expected;
     } cases[] = {
-        {kTwoResponses, false, 2}, // same client still alive: the run goes on
-        {kTwoResponses, true, 1},  // a new client with the same scenario starts over
-        {R"({"methods": {"IDisk.Get": [{"result": 7}, {"result": 8}]}})", false, 7},
+        {kTwoResponses, true, 2},  // the same object goes on
+        {kTwoResponses, false, 1}, // another object, even while the first lives, starts over
+        {R"({"methods": {"IDisk.Get": [{"result": 7}, {"result": 8}]}})", true, 7},
     };
     for (const Case &c : cases) {
         Engine engine(TestCatalog());
-        engine.Load(kTwoResponses, true);
-        engine.Next("IDisk.Get");
-        engine.Load(c.secondText, c.newSession);
-        EXPECT_EQ(engine.Next("IDisk.Get").result, c.expected) << c.secondText << c.newSession;
+        engine.Load(kTwoResponses);
+        ResponsePositions first, second;
+        engine.Next("IDisk.Get", first);
+        engine.Load(c.secondText);
+        EXPECT_EQ(engine.Next("IDisk.Get", c.sameObject ? first : second).result, c.expected) << c.secondText << c.sameObject;
     }
 }
 
 TEST(ScenarioEngine, AFaultyTextDropsTheScenarioInForce) {
     Engine engine(TestCatalog());
-    engine.Load(kTwoResponses, true);
-    EXPECT_THROW(engine.Load(R"({"methods": {"IDisk.Nope": {}}})", false), ScenarioError);
+    engine.Load(kTwoResponses);
+    EXPECT_THROW(engine.Load(R"({"methods": {"IDisk.Nope": {}}})"), ScenarioError);
     EXPECT_FALSE(engine.Loaded());
-    EXPECT_EQ(engine.Next("IDisk.Get").index, -1);
+    ResponsePositions object;
+    EXPECT_EQ(engine.Next("IDisk.Get", object).index, -1);
 }
 
 } // namespace

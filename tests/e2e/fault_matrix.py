@@ -18,10 +18,19 @@ last time a method is called in the run) the simulator:
   pointer, null strings): any documented status, never a crash;
 - fires a progress event after the call has returned: the example's status;
 
+- for the first call of a method that returns arrays, answers each array
+  (by its key in the demo data) with its count and no array at all, and
+  with a null element first: any documented status, never a crash;
+
 and for the last call of each operation it dies in the middle of the call:
-the status is the RPC failure, or success for operations that go on. Every
-run also passes the harness's general checks: CR LF line ends, nothing left
-in the simulator (but where it died), no COM task-allocator block left.
+the status is the RPC failure, or success for operations that go on. A call
+that only a later example of an operation reaches (a UNC path where the
+first names the LUN by its LUN path) is broken the same ways through that
+example. S_FALSE must end a run as E_FAIL ends it, and no run may send the
+service an empty storage system name or path. One listing also writes to a
+full disk: its status is the write error. Every run also passes the
+harness's general checks: CR LF line ends, nothing left in the simulator
+(but where it died), no COM task-allocator block left.
 """
 
 import argparse
@@ -43,6 +52,7 @@ DEMO = "simulator/scenarios/demo.json"
 E_FAIL = 0x80004005
 S_FALSE = 0x00000001
 RPC_CALL_FAILED = 0x800706BE
+DISK_FULL = 0x80070070  # HRESULT_FROM_WIN32(ERROR_DISK_FULL)
 DESCRIPTION = "injected service fault"
 LATE_EVENT = {"event": "ProgressMessage", "subject": "late", "code": 28}
 
@@ -62,14 +72,39 @@ def dispatched_operations():
 
 
 def documented_examples():
-    """(command, operation) -> the argv of its first example run in docs/commands.md."""
+    """(command, operation) -> the argvs of its example runs in docs/commands.md, in order."""
     examples = {}
     for line in (harness.REPO / "docs" / "commands.md").read_text(encoding="utf-8").splitlines():
         match = re.match(r"^[$>] cvcli (\S+ \S+.*)$", line)
         if match:
             argv = match.group(1).split()
-            examples.setdefault((argv[0].lower(), argv[1].lower()), argv)
+            examples.setdefault((argv[0].lower(), argv[1].lower()), []).append(argv)
     return examples
+
+
+CONTROL_KEYS = {"result", "errorDescription", "events", "lateEvents", "delayMs", "lateDelayMs", "dieDuringCall"}
+
+
+def array_keys(data):
+    """The keys of the arrays in a response's data, wherever they stand, in order."""
+    keys = []
+
+    def walk(value):
+        if isinstance(value, dict):
+            for key, item in value.items():
+                if key in CONTROL_KEYS:
+                    continue
+                # Counted arrays hold records or strings; small fixed arrays (byCid) hold numbers.
+                counted = isinstance(item, list) and all(isinstance(x, (dict, str)) for x in item)
+                if counted and key not in keys:
+                    keys.append(key)
+                walk(item)
+        elif isinstance(value, list):
+            for item in value:
+                walk(item)
+
+    walk(data)
+    return keys
 
 
 def with_response(scenario, method, occurrence, change):
@@ -107,6 +142,83 @@ def no_crash(result):
     assert result.status in (S_OK, E_INVALIDARG) or result.status & 0x80000000, harness.hresult(result.status)
 
 
+def locations(request, path=""):
+    """(path, value) of every storage system name or path in a request, arrays aside."""
+    found = []
+    if isinstance(request, dict):
+        for key, item in request.items():
+            if isinstance(item, dict):
+                found += locations(item, path + key + ".")
+            elif "storagesystem" in key.lower() and not isinstance(item, list):
+                found.append((path + key, item))
+    return found
+
+
+def first_requests(events):
+    requests = {}
+    for event in events:
+        if event.get("event") == "call":
+            requests.setdefault(event.get("method"), event.get("request"))
+    return requests
+
+
+def keeps_locations(example):
+    """A storage system or path that the example sends is never sent empty
+    after a fault: nothing may act on no LUN."""
+    sent = {method: {p for p, v in locations(request) if isinstance(v, str) and v}
+            for method, request in first_requests(example.events).items()}
+
+    def check(result):
+        for event in result.events:
+            if event.get("event") != "call":
+                continue
+            for path, value in locations(event.get("request")):
+                if path in sent.get(event.get("method"), ()):
+                    assert isinstance(value, str) and value, "%s sent %s=%r" % (event.get("method"), path, value)
+    return check
+
+
+def both(*checks):
+    def check(result):
+        for one in checks:
+            one(result)
+    return check
+
+
+# What the operation prints when a LUN path cannot be used: its own refusal,
+# which ends with E_INVALIDARG rather than the service's code.
+INCORRECT_PATH = "Incorrect LUN path or UNC path."
+
+
+def fails_as(hr, cause, seen, key):
+    """E_FAIL (with a cause) ends the run with its status, or as the operation's
+    own refusal of the path, or (operations that go on) with success; the
+    status is kept so that S_FALSE at the same call can be held to it."""
+    def check(result):
+        seen[key] = result.status
+        if result.status == E_INVALIDARG and INCORRECT_PATH in result.text():
+            assert not result.text().endswith(completion()), "completion line after a failure"
+        else:
+            ends_with_failure(hr, cause)(result)
+    return check
+
+
+def fails_like_e_fail(seen, key):
+    """S_FALSE is a failure like any other: the run ends as it ends for E_FAIL
+    at the same call, with S_FALSE where that gives E_FAIL."""
+    def check(result):
+        ends = seen.get(key)
+        if ends is None:
+            ends_with_failure(S_FALSE)(result)
+        else:
+            expected = S_FALSE if ends == E_FAIL else ends
+            assert result.status == expected, "status %s; E_FAIL at this call gives %s" % (
+                harness.hresult(result.status), harness.hresult(ends))
+            if expected != S_OK:
+                assert not result.text().endswith(completion()), "completion line after a failure"
+    return check
+
+
 def same_status(status):
     def check(result):
         assert result.status == status, "status %s, the example gives %s" % (harness.hresult(result.status),
@@ -127,16 +239,63 @@ def late_report(status):
     return check
 
 
+def fault_points(calls, known):
+    """(method, occurrence) of the first and the last call of each method not in `known`."""
+    seen = {}
+    for method in calls:
+        seen[method] = seen.get(method, 0) + 1
+    points, counted = [], {}
+    for method in calls:
+        occurrence = counted.get(method, 0)
+        counted[method] = occurrence + 1
+        if method not in known and occurrence in (0, seen[method] - 1) and (method, occurrence) not in points:
+            points.append((method, occurrence))
+    return points
+
+
+def point_cases(label, argv, demo, points, seen, example):
+    kept = keeps_locations(example)
+    cases = []
+    for method, occurrence in points:
+        at = "%s: %s call %d" % (label, method, occurrence + 1)
+
+        def fault(change, method=method, occurrence=occurrence):
+            return with_response(demo, method, occurrence, change)
+
+        cases += [
+            Case(at + " fails", argv, scenario=fault(lambda r: dict(r, result=hex(E_FAIL), errorDescription=DESCRIPTION)),
+                 check=both(fails_as(E_FAIL, DESCRIPTION, seen, at), kept)),
+            Case(at + " answers S_FALSE", argv, scenario=fault(lambda r: dict(r, result="S_FALSE")),
+                 check=both(fails_like_e_fail(seen, at), kept)),
+            Case(at + " returns nothing", argv, scenario=fault(lambda r: {}), check=both(no_crash, kept)),
+            Case(at + " reports after returning", argv, scenario=fault(lambda r: dict(r, lateEvents=[LATE_EVENT])),
+                 released=False, check=late_report(example.status)),
+        ]
+        if occurrence == 0:
+            current = demo.get("methods", {}).get(method)
+            response = current[0] if isinstance(current, list) else current
+            for key in array_keys(response or {}):
+                cases += [
+                    Case("%s has a count and no array for %s" % (at, key), argv,
+                         scenario=fault(lambda r, key=key: dict(r, nullArray=key)), check=both(no_crash, kept)),
+                    Case("%s has a null element first in %s" % (at, key), argv,
+                         scenario=fault(lambda r, key=key: dict(r, nullElement=key)), check=both(no_crash, kept)),
+                ]
+    return cases
+
+
 def build_cases(session):
     problems, cases = [], []
     demo = json.loads((harness.REPO / DEMO).read_text(encoding="utf-8"))
     examples = documented_examples()
+    seen = {}
     for command, operation, handler in dispatched_operations():
-        argv = examples.get((command.lower(), operation.lower()))
+        argvs = examples.get((command.lower(), operation.lower()))
         label = "%s %s" % (command, operation)
-        if argv is None:
+        if argvs is None:
             problems.append("%s (%s): no example run in docs/commands.md" % (label, handler))
             continue
+        argv = argvs[0]
         main = session.run(Case(label, argv, scenario=demo))
         calls = main.calls()
         if not calls:
@@ -144,35 +303,23 @@ def build_cases(session):
             continue
         cases.append(Case(label + ": the documented example", argv, status=main.status, scenario=demo,
                           check=same_status(main.status)))
-        seen = {}
-        points = []
-        for method in calls:
-            seen[method] = seen.get(method, 0) + 1
-        counted = {}
-        for method in calls:
-            occurrence = counted.get(method, 0)
-            counted[method] = occurrence + 1
-            if occurrence in (0, seen[method] - 1) and (method, occurrence) not in points:
-                points.append((method, occurrence))
-        for method, occurrence in points:
-            at = "%s: %s call %d" % (label, method, occurrence + 1)
-
-            def fault(change):
-                return with_response(demo, method, occurrence, change)
-
-            cases += [
-                Case(at + " fails", argv, scenario=fault(lambda r: dict(r, result=hex(E_FAIL), errorDescription=DESCRIPTION)),
-                     check=ends_with_failure(E_FAIL, DESCRIPTION)),
-                Case(at + " answers S_FALSE", argv, scenario=fault(lambda r: dict(r, result="S_FALSE")),
-                     check=ends_with_failure(S_FALSE)),
-                Case(at + " returns nothing", argv, scenario=fault(lambda r: {}), check=no_crash),
-                Case(at + " reports after returning", argv, scenario=fault(lambda r: dict(r, lateEvents=[LATE_EVENT])),
-                     released=False, check=late_report(main.status)),
-            ]
-        method, occurrence = points[-1]
+        cases += point_cases(label, argv, demo, fault_points(calls, set()), seen, main)
+        method, occurrence = fault_points(calls, set())[-1]
         cases.append(Case("%s: the service dies in %s" % (label, method), argv, released=False, timeout=60,
                           scenario=with_response(demo, method, occurrence, lambda r: dict(r, dieDuringCall=True)),
                           check=ends_with_failure(RPC_CALL_FAILED)))
+        # Calls that only a later example reaches, broken through that example.
+        known = set(calls)
+        for later in argvs[1:]:
+            other = session.run(Case(label, later, scenario=demo))
+            points = fault_points(other.calls(), known)
+            if points:
+                later_label = "%s (%s)" % (label, " ".join(later[2:]))
+                cases += point_cases(later_label, later, demo, points, seen, other)
+            known |= set(other.calls())
+    # A script that saves a listing must learn that it was not saved.
+    cases.append(Case("disk list: the output goes to a full disk", ["disk", "list"], scenario=demo, stdout_file="/dev/full",
+                      status=DISK_FULL))
     return problems, cases
 
 

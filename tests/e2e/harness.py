@@ -55,6 +55,8 @@ class Case:
     released every service object created must be released by the end
     allocations every COM task-allocator block cvcli took must be given back
              by the end (cvcli's own count, see CVCLI_ALLOCATION_REPORT)
+    stdout_file cvcli's standard output goes to this file instead (such as
+             /dev/full); the result's stdout is then empty
     """
 
     name: str
@@ -73,6 +75,7 @@ class Case:
     allocations: bool = True
     env: dict = field(default_factory=dict)
     timeout: float = 30.0
+    stdout_file: Optional[str] = None
 
 
 @dataclass
@@ -306,7 +309,9 @@ class Session:
         # its streams and outlives it, and a pipe would stay open with it.
         started = time.monotonic()
         timed_out = False
-        with open(out_path, "wb") as out, open(err_path, "wb") as err:
+        if out_path.exists():
+            out_path.unlink()
+        with open(case.stdout_file or out_path, "wb") as out, open(err_path, "wb") as err:
             process = subprocess.Popen(
                 command, stdin=subprocess.DEVNULL, stdout=out, stderr=err, env=env, cwd=self.work, start_new_session=True
             )
@@ -345,7 +350,8 @@ class Session:
             # every later case wait for an idle line that never comes.
             self.restart_wine()
         allocations = self.allocation_file.read_text().strip() if self.allocation_file.exists() else None
-        return Result(out_path.read_bytes(), err_path.read_bytes(), status, events, seconds, timed_out, allocations)
+        stdout = out_path.read_bytes() if out_path.exists() else b""
+        return Result(stdout, err_path.read_bytes(), status, events, seconds, timed_out, allocations)
 
     def read_log(self):
         events = []

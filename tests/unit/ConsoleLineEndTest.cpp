@@ -10,9 +10,10 @@ namespace {
 // Output to a pipe or a file, written in the given pieces.
 std::string Piped(const std::vector<std::wstring> &writes) {
     std::string out;
-    bool lastWasCr = false;
+    unsigned heldCrs = 0;
     for (const std::wstring &text : writes)
-        AppendUtf8WithCrLf(text.data(), text.size(), out, lastWasCr);
+        AppendUtf8WithCrLf(text.data(), text.size(), out, heldCrs);
+    AppendHeldCrs(out, heldCrs);
     return out;
 }
 
@@ -32,6 +33,13 @@ TEST(ConsoleLineEndTest, EveryLineEndsInCrLfWhateverItsSource) {
         {{L"\n"}, "\r\n"},
         {{L"", L"x"}, "x"},
         {{L"lone\rcr"}, "lone\rcr"},
+        // A service text may carry any number of CRs before its LF: one CR LF comes out.
+        {{L"text\r\r\n"}, "text\r\n"},
+        {{L"a\r\r\r\nb\r\r\n"}, "a\r\nb\r\n"},
+        {{L"a\r", L"\r\n"}, "a\r\n"},
+        {{L"a\r\r", L"\r", L"\n"}, "a\r\n"},
+        {{L"x\r\ry"}, "x\r\ry"},
+        {{L"end\r\r"}, "end\r\r"},
         {{L"Dätä \u20ac\n"}, "D\xc3\xa4t\xc3\xa4 \xe2\x82\xac\r\n"},
         {{L"\U0001F600\n"}, "\xf0\x9f\x98\x80\r\n"},
     };

@@ -57,6 +57,27 @@ std::wstring FirstLine(const std::wstring &text) {
 // The general usage, the snap, hidden and fcp_initiator lists and the program
 // name at every level are compared literally by the end-to-end cases
 // (foundation.py); these are the lists that no case prints.
+
+// The name comes from any path the program was started by, however long.
+TEST_F(HelpTest, TheProgramNameComesFromAnyPath) {
+    const std::wstring deep = L"C:\\" + std::wstring(300, L'd') + L"\\tools\\CorVane-Admin.EXE";
+    const struct {
+        const wchar_t *argv0;
+        const wchar_t *name;
+    } cases[] = {
+        {L"cvcli", L"cvcli"},
+        {L"C:\\Program Files\\Corvane\\CVCLI.exe", L"cvcli"},
+        {L"Z:/opt/bin/store.tool.exe", L"store.tool"},
+        {L"D:cvcli.exe", L"cvcli"},
+        {deep.c_str(), L"corvane-admin"},
+    };
+    for (const auto &c : cases) {
+        SetProgramName(c.argv0);
+        PrintGeneralUsage();
+        EXPECT_NE(Take().find(std::wstring(L"\"") + c.name + L" help <command>\""), std::wstring::npos) << c.argv0;
+    }
+}
+
 TEST_F(HelpTest, CommandUsageTexts) {
     const struct {
         unsigned command;

@@ -32,6 +32,17 @@ def all_unadvised(result):
     assert advised == unadvised, "%d advises, %d unadvises" % (advised, unadvised)
 
 
+def cut_on_a_character(result):
+    assert "\ufffd" not in result.text(), "a surrogate pair was cut: %r" % result.text()[-20:]
+    assert result.text().endswith("\U0001F600\n"), result.text()[-20:]
+
+
+def long_description():
+    """A description of pairs only, long enough that the alert's text is cut inside one."""
+    room = 2047 - len(msg(5362)[:2047]) - len(msg(5092)[:19])
+    return ("x" if room % 2 == 0 else "") + "\U0001F600" * 1100
+
+
 def died(result):
     assert any(e.get("event") == "died" for e in result.events), "the simulator did not die in the call"
 
@@ -51,7 +62,14 @@ CASES = [
     # An error object with an empty description: the message and the separator, nothing after them.
     Case("an empty description", ["disk", "list"], alert(5362, 0x80004005, description=""), 0x80004005,
          scenario=listing(result="E_FAIL", errorDescription="")),
+    Case("a description with runs of CRs before its line ends", ["disk", "list"],
+         alert(5362, 0x80004005, description="first line\nsecond line"), 0x80004005,
+         scenario=listing(result="E_FAIL", errorDescription="first line\r\r\nsecond line\r\r\r")),
+    Case("a description longer than the alert's text", ["disk", "list"], status=0x80004005,
+         scenario=listing(result="E_FAIL", errorDescription=long_description()), check=cut_on_a_character),
     Case("a zero count with no array", ["disk", "list"], NO_LUNS + completion(), S_OK, scenario=listing()),
+    Case("a count with no array", ["disk", "list"], NO_LUNS + completion(), S_OK,
+         scenario=listing(nullArray="disks", disks=[{"pDisk": {"dwType": 1}}])),
     Case("events after the call has returned", ["disk", "list"], status=S_OK,
          scenario=listing(lateEvents=[{"event": "ProgressMessage", "subject": "filer-east", "code": 28}]),
          released=False, check=late_line_or_nothing),

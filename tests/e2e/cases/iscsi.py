@@ -274,10 +274,16 @@ ESTABLISH_CASES = [
     ("-np twice", ["-t", TARGET, "-np", "10.20.1.11", "3260", "-np", "10.20.1.12", "3260"], 5636),
     ("a negative port reads as a switch", ["-t", TARGET, "-np", "10.20.1.11", "-1"], 5636),
 ]) + [
-    # -c needs its name and password: the usage alone, without a message
+    # -c takes the name and the password, or the name alone; anything else is the usage alone
     Case("establish: -c with %s" % what, ESTABLISH + ["-c"] + values, ESTABLISH_USAGE, E_INVALIDARG,
          check=nothing_created)
-    for what, values in [("its name alone", ["host1"]), ("three values", ["host1", "pw", "x"])]
+    for what, values in [("no value", []), ("three values", ["host1", "pw", "x"])]
+] + [
+    # With the name alone the password is asked for without echo, as transport_protocol set does;
+    # without a console the input ends at once and the password is empty.
+    Case("establish: -c with the name alone asks for the password", ESTABLISH + ["-c", "host1"],
+         "Type Password for the user:" + completion(), S_OK, calls=ESTABLISHED,
+         check=sent("IIscsi.EstablishSession", chap={"dwUseChap": 1, "wszName": "host1", "wszPassword": password_digest("")})),
 ] + [
     Case("establish: the session list refused", ESTABLISH,
          alert(MSG_LIST_SESSIONS_FAILED, E_ACCESSDENIED, description="no rights"), E_ACCESSDENIED,
