@@ -60,44 +60,6 @@ Outer Build(const char *json, Allocator &memory) {
     return outer;
 }
 
-TEST(Records, FillsEveryKindOfField) {
-    Allocator memory;
-    Outer o = Build(R"({"dwType": 1, "nPercent": -5, "bShared": true, "llSize": 5368709120,
-        "ullBig": "0xFFFFFFFFFFFFFFFF", "wszName": "Lün", "szSerial": "P3xyz", "ftCreated": "2024-03-01T14:30:00Z",
-        "dwAddress": "10.0.0.5", "wszFixed": "node1", "mountPoints": ["E", "F:\\mnt"],
-        "inner": [{"bFlag": 1, "wszText": "a"}, {}], "one": {"wszText": "b"}})",
-                    memory);
-    EXPECT_EQ(o.dwType, 1u);
-    EXPECT_EQ(o.nPercent, -5);
-    EXPECT_EQ(o.bShared, 1);
-    EXPECT_EQ(o.llSize, 5368709120LL);
-    EXPECT_EQ(o.ullBig, ~0ULL);
-    EXPECT_STREQ(o.wszName, L"L\u00fcn");
-    EXPECT_STREQ(o.szSerial, "P3xyz");
-    SYSTEMTIME utc;
-    ASSERT_TRUE(FileTimeToSystemTime(&o.ftCreated, &utc));
-    EXPECT_EQ(utc.wYear, 2024);
-    EXPECT_EQ(utc.wHour, 14);
-    EXPECT_EQ(o.dwAddress, 0x0500000AUL); // network order: 10 is the first byte
-    EXPECT_STREQ(o.wszFixed, L"node1");
-    ASSERT_EQ(o.dwMountPointCount, 2u);
-    EXPECT_STREQ(o.pwszMountPoints[1], L"F:\\mnt");
-    ASSERT_EQ(o.dwInnerCount, 2u);
-    EXPECT_EQ(o.pInner[0].bFlag, 1);
-    EXPECT_EQ(o.pInner[1].wszText, nullptr);
-    ASSERT_NE(o.pOne, nullptr);
-    EXPECT_STREQ(o.pOne->wszText, L"b");
-}
-
-TEST(Records, LeavesAbsentFieldsZero) {
-    Allocator memory;
-    Outer o = Build(R"({"wszName": null, "one": null})", memory);
-    EXPECT_EQ(o.wszName, nullptr);
-    EXPECT_EQ(o.pOne, nullptr);
-    EXPECT_EQ(o.dwInnerCount, 0u);
-    EXPECT_EQ(o.pwszMountPoints, nullptr);
-}
-
 TEST(Records, RefusesWrongValuesWithTheirPath) {
     struct Case {
         const char *json;

@@ -26,17 +26,6 @@ std::wstring SystemText(const wchar_t *module, DWORD id) {
     return n == 0 ? std::wstring() : std::wstring(text.Get());
 }
 
-void SetErrorDescription(const wchar_t *description) {
-    ICreateErrorInfo *create = nullptr;
-    ASSERT_EQ(CreateErrorInfo(&create), S_OK);
-    create->SetDescription(const_cast<LPOLESTR>(description));
-    IErrorInfo *info = nullptr;
-    create->QueryInterface(IID_IErrorInfo, reinterpret_cast<void **>(&info));
-    SetErrorInfo(0, info);
-    info->Release();
-    create->Release();
-}
-
 TEST(MessagesTest, ResourceLibraryIsLoaded) {
     ASSERT_NE(ResourceModule(), nullptr) << "CorvaneRes.dll must sit next to the test executable";
     EXPECT_FALSE(LoadMessageText(MSG_SERVICE_UNAVAILABLE).empty());
@@ -50,21 +39,6 @@ TEST(MessagesTest, Win32ErrorUsesKernelText) {
     ASSERT_FALSE(system.empty());
     EXPECT_EQ(std::wstring(e.Text()), Prefix(kStepMessage) + system);
     EXPECT_EQ(e.Hresult(), static_cast<HRESULT>(0x80070002));
-}
-
-TEST(MessagesTest, UnknownInterfaceCodeIsPrintedInBase17) {
-    SetErrorInfo(0, nullptr);
-    AlertUserException e(MSG_SERVICE_UNAVAILABLE, REGDB_E_CLASSNOTREG);
-    EXPECT_EQ(std::wstring(e.Text()), Prefix(MSG_SERVICE_UNAVAILABLE) + LoadMessageText(MSG_UNKNOWN_ERROR, 256) + L"53gb0c8d");
-}
-
-TEST(MessagesTest, ErrorObjectDescriptionWinsOverSystemText) {
-    SetErrorDescription(L"LUN is busy");
-    AlertUserException e(kStepMessage, HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND));
-    EXPECT_EQ(std::wstring(e.Text()), Prefix(kStepMessage) + L"LUN is busy");
-    // The error object is consumed: the next failure falls back to the system text.
-    AlertUserException next(kStepMessage, HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND));
-    EXPECT_EQ(std::wstring(next.Text()), Prefix(kStepMessage) + SystemText(L"Kernel32.DLL", ERROR_FILE_NOT_FOUND));
 }
 
 TEST(MessagesTest, ZeroResultLeavesTextEmpty) {
@@ -110,19 +84,6 @@ TEST(MessagesTest, AppendCutsOnACharacterBoundary) {
         AppendText(buffer, 8, c.added);
         EXPECT_EQ(std::wstring(buffer), c.expected) << testing::PrintToString(std::wstring(c.start));
     }
-}
-
-TEST(MessagesTest, EventCodesMapToMessageIds) {
-    const struct {
-        unsigned code;
-        unsigned id;
-    } cases[] = {{0, 0},     {1, 5012},  {3, 5014},  {4, 0},     {5, 5016},  {6, 5032},  {7, 5017}, {21, 5031},      {22, 5033},
-                 {24, 5035}, {25, 5037}, {29, 5042}, {30, 5054}, {31, 5044}, {32, 5045}, {33, 0},   {0xFFFFFFFFu, 0}};
-    for (const auto &c : cases)
-        EXPECT_EQ(EventMessageId(c.code), c.id) << c.code;
-    wchar_t text[256];
-    LoadEventMessage(4, text, 256);
-    EXPECT_EQ(text[0], L'\0');
 }
 
 TEST(MessagesTest, MessageFilePathIsInTheProgramDirectory) {
