@@ -81,49 +81,6 @@ TEST(CommandLineTest, SingleValueIntoLeavesTheStringAloneWhenAbsent) {
     EXPECT_EQ(value, L"E:");
 }
 
-TEST(CommandLineTest, DriveNormalisation) {
-    const struct {
-        const wchar_t *value;
-        const wchar_t *normalised;
-    } cases[] = {
-        {L"E", L"E"},
-        {L"E:", L"E"},
-        {L"E:\\", L"E:\\"},
-        {L"C:\\mnt\\data", L"C:\\mnt\\data\\"},
-        {L"C:\\mnt\\", L"C:\\mnt\\"},
-        {L"mnt", L"mnt\\"},
-        {L"EF", L"EF\\"},
-    };
-    for (const auto &c : cases) {
-        Args args({L"-d", c.value});
-        CCommandLine cl(args.pointers.data());
-        std::wstring out;
-        ASSERT_TRUE(cl.MountPointInto(out));
-        EXPECT_EQ(out, c.normalised) << c.value;
-    }
-}
-
-TEST(CommandLineTest, MachineNameNeedsExactlyOneValue) {
-    const struct {
-        std::vector<std::wstring> words;
-        const wchar_t *machine;
-    } cases[] = {
-        {{}, nullptr},
-        {{L"-m"}, nullptr},
-        {{L"-m", L"host1", L"host2"}, nullptr},
-        {{L"-m", L"host1"}, L"host1"},
-        {{L"-M", L"host1"}, nullptr},
-    };
-    for (const auto &c : cases) {
-        Args args(c.words);
-        CCommandLine cl(args.pointers.data());
-        if (c.machine == nullptr)
-            EXPECT_EQ(cl.MachineName(), nullptr);
-        else
-            EXPECT_STREQ(cl.MachineName(), c.machine);
-    }
-}
-
 TEST(CommandLineTest, AThousandRepeatedSwitchesMerge) {
     std::vector<std::wstring> words;
     for (int i = 0; i < 1000; ++i) {
