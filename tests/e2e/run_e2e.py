@@ -134,6 +134,11 @@ def verify(case, result, earlier):
             problems.append("no allocation report (CVCLI_ALLOCATION_REPORT)")
         elif result.allocations != "outstanding 0 0":
             problems.append("COM task-allocator blocks left at exit: %s" % result.allocations)
+        secret = harness.watched_secret(case)
+        if secret is not None and result.unwiped is None:
+            problems.append("the allocation report does not say whether the password %r was wiped" % secret)
+        elif secret is not None and result.unwiped != 0:
+            problems.append("%d COM task-allocator block(s) given back still held the password %r" % (result.unwiped, secret))
     if case.check is not None:
         try:
             case.check(result)
@@ -189,6 +194,7 @@ def run(session, args, prepared, cases=None):
     run_started = time.monotonic()
     count = 0
     relaunched = []
+    simulator_starts = 0
     for stem, case in cases:
         for _ in range(args.repeat):
             result = session.run(case)
@@ -203,6 +209,7 @@ def run(session, args, prepared, cases=None):
                 relaunched.append("%s::%s%s" % (stem, case.name, " (stalled)" if result.timed_out else ""))
                 result = session.run(case)
             count += 1
+            simulator_starts += sum(1 for e in result.events if e.get("event") == "start")
             problems = verify(case, result, earlier.get(stem, {}))
             earlier.setdefault(stem, {})[case.name] = result
             label = "%s::%s" % (stem, case.name)
@@ -217,6 +224,9 @@ def run(session, args, prepared, cases=None):
             print(problem.rstrip("\n"))
     if relaunched:
         print("\nrun again after Wine failed to start or stalled the process: %s" % ", ".join(relaunched))
+    # One simulator serves the run; it starts again only after a case in
+    # which it died, or after Wine was restarted.
+    print("\nretries: %d; simulator starts: %d" % (len(relaunched), simulator_starts))
     print(
         "\n%d case runs, %d failed; %.1f s (%.2f s a case), prefix start %.1f s"
         % (count, len(failures), elapsed, elapsed / count if count else 0, prepared)
