@@ -98,7 +98,8 @@ void AppendUtf8WithCrLf(const wchar_t *text, size_t length, std::string &out, bo
     // block to block): no call to the system and no allocation per line. A
     // lone surrogate becomes U+FFFD, as the system's own conversion makes it.
     // Nothing large goes on the stack: the progress sinks print from COM's
-    // threads, where Wine faults on a frame of about a kilobyte.
+    // threads, and with a kilobyte block on their stack the sinks' calls
+    // failed under Wine (ERROR_NOACCESS, the service call with them).
     bool crBefore = lastWasCr;
     for (size_t i = 0; i < length; ++i) {
         const unsigned c = text[i];
