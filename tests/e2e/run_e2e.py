@@ -147,6 +147,21 @@ def verify(case, result, earlier):
     return problems
 
 
+def run_case(session, case, label, relaunched):
+    """One run of a case. Under a loaded Wine a process now and then fails to
+    start at all (STATUS_DLL_INIT_FAILED, or no status), and about once in a
+    thousand runs one stalls until the watchdog ends it (the harness then
+    restarts Wine). Such a run is made again, at most twice, and named in
+    `relaunched`; a case that stalls again fails."""
+    result = session.run(case)
+    for _ in range(2):
+        if not launch_failed(result) and not result.timed_out:
+            break
+        relaunched.append("%s%s" % (label, " (stalled)" if result.timed_out else ""))
+        result = session.run(case)
+    return result
+
+
 def check_resource_texts(session):
     """The harness's reading of the resource script must match the built library."""
     from_rc = messages.parse_rc(harness.REPO / "resources" / "CorvaneRes.rc")
@@ -177,8 +192,9 @@ def main():
         session.prefix_script("--stop")
 
 
-def run(session, args, prepared, cases=None):
-    """Runs the cases (by default those of the case files) and prints the summary."""
+def run(session, args, prepared, cases=None, relaunched=None):
+    """Runs the cases (by default those of the case files) and prints the
+    summary; `relaunched` may already name runs made again before."""
     if cases is None:
         cases = load_cases(args.pattern)
     if args.list:
@@ -193,21 +209,11 @@ def run(session, args, prepared, cases=None):
     earlier = {}
     run_started = time.monotonic()
     count = 0
-    relaunched = []
+    relaunched = [] if relaunched is None else relaunched
     simulator_starts = 0
     for stem, case in cases:
         for _ in range(args.repeat):
-            result = session.run(case)
-            # Under a loaded Wine a process now and then fails to start at all
-            # (STATUS_DLL_INIT_FAILED, or no status), and about once in a
-            # thousand runs one stalls until the watchdog ends it (the harness
-            # then restarts Wine). Such a run is made again, at most twice, and
-            # reported; a case that stalls again fails.
-            for _ in range(2):
-                if not launch_failed(result) and not result.timed_out:
-                    break
-                relaunched.append("%s::%s%s" % (stem, case.name, " (stalled)" if result.timed_out else ""))
-                result = session.run(case)
+            result = run_case(session, case, "%s::%s" % (stem, case.name), relaunched)
             count += 1
             simulator_starts += sum(1 for e in result.events if e.get("event") == "start")
             problems = verify(case, result, earlier.get(stem, {}))
