@@ -79,9 +79,10 @@ def build():
     examples = fault_matrix.documented_examples()
     cases = []
     for command, operation, _handler in fault_matrix.dispatched_operations():
-        argv = examples.get((command.lower(), operation.lower()))
-        if argv is None:
+        argvs = examples.get((command.lower(), operation.lower()))
+        if argvs is None:
             continue  # the fault matrix fails the run for an operation without an example
+        argv = argvs[0]
         label = "%s %s" % (command, operation)
         secret = privacy(label)
         cases += [
