@@ -40,6 +40,17 @@ private:
     HRESULT m_hr;
 };
 
+// Where libraries may come from: the program's own folder and the system
+// folder, never the current directory or PATH, where anyone may have left a
+// file of the same name. Set before the message library, for it and for every
+// library loaded after it.
+constexpr DWORD kLibraryFolders = LOAD_LIBRARY_SEARCH_APPLICATION_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32;
+
+HMODULE LoadResourceLibrary() {
+    SetDefaultDllDirectories(kLibraryFolders);
+    return LoadLibraryExW(kResourceLibraryName, nullptr, kLibraryFolders);
+}
+
 void ResolveAndDispatch(wchar_t **argv) {
     const unsigned commandId = GetCommandId(argv[1]);
     if (commandId == cmd::None) {
@@ -99,7 +110,7 @@ HRESULT RunCommandLine(wchar_t **argv) {
 
 int RunCvcli(wchar_t **argv) {
     SetProgramName(argv[0]);
-    Library resources(LoadLibraryW(kResourceLibraryName));
+    Library resources(LoadResourceLibrary());
     if (!resources) {
         MessageBoxW(nullptr, L"Loading CorvaneRes.dll failed", L"Error", MB_ICONERROR);
         return 0;

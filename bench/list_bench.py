@@ -1,23 +1,25 @@
 #!/usr/bin/env python3
-"""cvcli against the least a client must do, side by side, in one run.
+"""cvcli against a client that shares no code with it, side by side.
 
     python3 bench/list_bench.py [--build-dir build] [--sizes 1000,10000,100000] [--runs 3]
 
-For each size, a scenario with that many LUNs; `cvcli disk list` and
-bench/MinimalClient.cpp (same COM start, same calls, same bytes, written with
-one call) each run --runs times with stdout to a file; the table gives the
-medians, the ratio cvcli / minimal, the growth from the previous size, the
-simulator's own cost (its scenario check, a stand-in for the reading it does
-at each creation, and its cost per record), and cvcli's peak memory against
-the size of the data it receives (above what any run holds under Wine, and
-beside the same figure of the minimal client, the floor for one listing call). Then start-up: `cvcli help snap` against a
-minimal program that loads the message library, starts COM with its security
-and prints the same text, and an empty program.
+For each size, a scenario with that many LUNs (then snapshots);
+`cvcli disk list` (`snap list -d E`) and bench/MinimalClient.cpp, a client
+that makes the same calls and writes the same bytes with its own formatting,
+one UTF-8 conversion per block and block writes, run as --runs pairs whose
+order alternates, stdout to a file. The table gives the medians of wall time
+and of the user and system CPU time of the client process (the simulator is
+another process), their ratios cvcli / minimal, and each one's peak memory
+above an idle run against the size of the data it receives; "(outputs
+differ)" marks a pair whose bytes are not the same. Then start-up: `cvcli
+help snap` against the minimal client printing the same text after loading
+the message library and starting COM with its security, and an empty program.
 
 Figures only: nothing here passes or fails.
 """
 
 import argparse
+import hashlib
 import json
 import shutil
 import os
@@ -25,6 +27,7 @@ import statistics
 import subprocess
 import sys
 import tempfile
+import threading
 import time
 from pathlib import Path
 
@@ -98,7 +101,9 @@ class Runner:
         self.scenario = Path(tempfile.mkdtemp(prefix="cvcli-bench-")) / "scenario.json"
 
     def run(self, program, args, scenario=None):
-        """Seconds, peak resident KiB (polled) and bytes written of one run, stdout to a file."""
+        """One run, stdout to a file: wall seconds, user and system CPU seconds
+        of the client process itself (the simulator is another process),
+        peak resident KiB (polled) and the bytes written."""
         env = dict(self.env)
         if scenario is not None:
             # One path for every scenario: a lingering simulator keeps the
@@ -109,24 +114,57 @@ class Runner:
             started = time.monotonic()
             process = subprocess.Popen([self.wine, winpath(self.build / program)] + args, stdin=subprocess.DEVNULL,
                                        stdout=out, stderr=subprocess.DEVNULL, env=env)
-            peak = 0
-            status_file = Path("/proc/%d/status" % process.pid)
-            while process.poll() is None:
-                try:
-                    for line in status_file.read_text().splitlines():
-                        if line.startswith("VmHWM:"):
-                            peak = max(peak, int(line.split()[1]))
-                except OSError:
-                    pass
-                time.sleep(0.01)
-            seconds = time.monotonic() - started
-            out.seek(0)
-            size = len(out.read())
-        return seconds, peak, size
+            peak = [0]
+            done = threading.Event()
 
-    def median(self, runs, program, args, scenario=None):
-        results = [self.run(program, args, scenario) for _ in range(runs)]
-        return statistics.median(r[0] for r in results), max(r[1] for r in results), results[-1][2]
+            def poll_memory():
+                status_file = Path("/proc/%d/status" % process.pid)
+                while not done.wait(0.01):
+                    try:
+                        for line in status_file.read_text().splitlines():
+                            if line.startswith("VmHWM:"):
+                                peak[0] = max(peak[0], int(line.split()[1]))
+                    except OSError:
+                        pass
+
+            poller = threading.Thread(target=poll_memory)
+            poller.start()
+            # wine64 execs the loader in place: this pid is the Windows process.
+            _, status, usage = os.wait4(process.pid, 0)
+            process.returncode = os.waitstatus_to_exitcode(status)
+            seconds = time.monotonic() - started
+            done.set()
+            poller.join()
+            out.seek(0)
+            digest = hashlib.sha256(out.read()).hexdigest()
+        return Figures(seconds, usage.ru_utime, usage.ru_stime, peak[0], digest)
+
+    def pairs(self, runs, first, second):
+        """runs pairs of (program, args, scenario), the order alternating from
+        pair to pair so that neither side always runs on a warmer machine."""
+        a, b = [], []
+        for i in range(runs):
+            if i % 2 == 0:
+                a.append(self.run(*first))
+                b.append(self.run(*second))
+            else:
+                b.append(self.run(*second))
+                a.append(self.run(*first))
+        return Medians(a), Medians(b)
+
+
+class Figures:
+    def __init__(self, wall, user, system, peak, digest):
+        self.wall, self.user, self.system, self.peak, self.digest = wall, user, system, peak, digest
+
+
+class Medians:
+    def __init__(self, runs):
+        self.wall = statistics.median(r.wall for r in runs)
+        self.user = statistics.median(r.user for r in runs)
+        self.system = statistics.median(r.system for r in runs)
+        self.peak = max(r.peak for r in runs)
+        self.digest = runs[-1].digest
 
 
 def main():
@@ -134,6 +172,7 @@ def main():
     parser.add_argument("--build-dir", default=str(REPO / "build"))
     parser.add_argument("--sizes", default="1000,10000,100000")
     parser.add_argument("--runs", type=int, default=3)
+    parser.add_argument("--startup-runs", type=int, default=15)
     args = parser.parse_args()
     build = Path(args.build_dir).resolve()
     prefix_script = str(REPO / "scripts" / "wine-prefix.sh")
@@ -142,40 +181,37 @@ def main():
     runner = Runner(build)
     work = Path(tempfile.mkdtemp(prefix="cvcli-bench-"))
 
-    _, base_peak, _ = runner.median(1, "cvcli.exe", ["help", "snap"])  # what any run holds under Wine
-    (work / "empty.json").write_text("{}")
-    empty_check, _, _ = runner.median(1, "corvane-sim.exe", ["/check", winpath(work / "empty.json")])
+    base_peak = runner.run("cvcli.exe", ["help", "snap"]).peak  # what any run holds under Wine
     sizes = [int(s) for s in args.sizes.split(",")]
+    header = "%8s %9s %9s %8s %8s %6s %7s %7s %6s %9s %9s" % (
+        "records", "wall", "minimal", "user", "minimal", "ratio", "system", "minimal", "ratio", "peak/data", "minimal")
     for title, workload in WORKLOADS:
-        print("%s: median of %d runs each, stdout to a file" % (title, args.runs))
-        print("%8s %9s %9s %6s %8s %9s %10s %10s %10s %9s %9s" % ("records", "cvcli", "minimal", "ratio", "growth",
-                                                             "sim check", "per record", "peak KiB", "data KiB",
-                                                             "peak/data", "minimal"))
-        previous = None
+        print("%s: medians of %d alternating pairs, stdout to a file, CPU of the client process" % (title, args.runs))
+        print(header)
         for size in sizes:
             methods, data, cvcli_args, minimal_args = workload(size)
             scenario = work / ("%s-%d.json" % (title.replace(" ", "-"), size))
             scenario.write_text(json.dumps({"methods": methods}))
             runner.run("cvcli.exe", cvcli_args, scenario)  # the simulator starts and reads it once
-            cvcli, peak, out_cvcli = runner.median(args.runs, "cvcli.exe", cvcli_args, scenario)
-            minimal, minimal_peak, out_minimal = runner.median(args.runs, "minimal_client.exe", minimal_args, scenario)
-            check, _, _ = runner.median(1, "corvane-sim.exe", ["/check", winpath(scenario)])
-            growth = "%7.2fx" % (cvcli / previous) if previous else "%8s" % "-"
-            print("%8d %8.2fs %8.2fs %6.2f %8s %8.2fs %8.1fus %10d %10d %9.2f %9.2f%s" % (
-                size, cvcli, minimal, cvcli / minimal, growth, check - empty_check, minimal / size * 1e6, peak,
-                data / 1024, (peak - base_peak) * 1024 / data, (minimal_peak - base_peak) * 1024 / data,
-                "  %d bytes out" % out_cvcli if out_cvcli == out_minimal else "  (outputs differ: %d / %d bytes)" % (
-                    out_cvcli, out_minimal)))
-            previous = cvcli
+            cvcli, minimal = runner.pairs(args.runs, ("cvcli.exe", cvcli_args, scenario),
+                                          ("minimal_client.exe", minimal_args, scenario))
+            print("%8d %8.2fs %8.2fs %7.2fs %7.2fs %6.2f %6.2fs %6.2fs %6.2f %9.2f %9.2f%s" % (
+                size, cvcli.wall, minimal.wall, cvcli.user, minimal.user, cvcli.user / max(minimal.user, 1e-9),
+                cvcli.system, minimal.system, cvcli.system / max(minimal.system, 1e-9),
+                (cvcli.peak - base_peak) * 1024 / data, (minimal.peak - base_peak) * 1024 / data,
+                "" if cvcli.digest == minimal.digest else "  (outputs differ)"), flush=True)
         print()
 
-    print("start-up: median of %d runs" % (args.runs * 5))
-    help_cvcli, _, _ = runner.median(args.runs * 5, "cvcli.exe", ["help", "snap"])
-    help_minimal, _, _ = runner.median(args.runs * 5, "minimal_client.exe", ["help-snap"])
-    empty, _, _ = runner.median(args.runs * 5, "minimal_client.exe", ["empty"])
-    print("  cvcli help snap   %7.3fs" % help_cvcli)
-    print("  minimal help snap %7.3fs   ratio %.2f" % (help_minimal, help_cvcli / help_minimal))
-    print("  empty program     %7.3fs   cvcli over it: %+.3fs" % (empty, help_cvcli - empty))
+    print("start-up: medians of %d alternating pairs" % args.startup_runs)
+    cvcli, minimal = runner.pairs(args.startup_runs, ("cvcli.exe", ["help", "snap"]), ("minimal_client.exe", ["help-snap"]))
+    empty, _ = runner.pairs(args.startup_runs, ("minimal_client.exe", ["empty"]), ("minimal_client.exe", ["empty"]))
+    print("%-18s %8s %8s %8s %8s" % ("", "wall", "user", "system", "CPU"))
+    for label, m in (("cvcli help snap", cvcli), ("minimal help snap", minimal), ("empty program", empty)):
+        print("%-18s %7.3fs %7.3fs %7.3fs %7.3fs" % (label, m.wall, m.user, m.system, m.user + m.system))
+    print("ratio cvcli / minimal: wall %.2f, user %.2f, CPU %.2f%s" % (
+        cvcli.wall / minimal.wall, cvcli.user / max(minimal.user, 1e-9),
+        (cvcli.user + cvcli.system) / max(minimal.user + minimal.system, 1e-9),
+        "" if cvcli.digest == minimal.digest else "  (outputs differ)"))
     subprocess.run(["bash", prefix_script, "--stop", str(build)], check=True)
     return 0
 

@@ -3,7 +3,9 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <cstring>
 #include <mutex>
+#include <string>
 #include <unordered_map>
 
 namespace {
@@ -12,6 +14,8 @@ namespace {
 // that the spy changes nothing of what the allocator hands out.
 class CAllocationSpy : public IMallocSpy {
 public:
+    explicit CAllocationSpy(const wchar_t *secret) : m_secret(secret != nullptr ? secret : L"") {}
+
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **out) override {
         if (out == nullptr)
             return E_POINTER;
@@ -45,14 +49,14 @@ public:
     void *STDMETHODCALLTYPE PreFree(void *request, BOOL spyed) override {
         std::lock_guard<std::mutex> lock(m_mutex);
         if (spyed && request != nullptr)
-            m_live.erase(request);
+            Forget(request);
         return request;
     }
     void STDMETHODCALLTYPE PostFree(BOOL) override {}
     SIZE_T STDMETHODCALLTYPE PreRealloc(void *request, SIZE_T cb, void **newRequest, BOOL spyed) override {
         std::lock_guard<std::mutex> lock(m_mutex);
         if (spyed && request != nullptr)
-            m_live.erase(request);
+            Forget(request);
         m_pendingSize = cb;
         *newRequest = request;
         return cb;
@@ -78,8 +82,36 @@ public:
         return count;
     }
 
+    long Unwiped() {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        return m_unwiped;
+    }
+
 private:
     virtual ~CAllocationSpy() = default;
+
+    // A block on its way back: counted when it still holds the watched text.
+    void Forget(void *block) {
+        auto it = m_live.find(block);
+        if (it == m_live.end())
+            return;
+        if (Holds(static_cast<const unsigned char *>(block), it->second))
+            ++m_unwiped;
+        m_live.erase(it);
+    }
+
+    bool Holds(const unsigned char *bytes, SIZE_T size) const {
+        const size_t needle = m_secret.size() * sizeof(wchar_t);
+        if (needle == 0 || size < needle)
+            return false;
+        for (SIZE_T at = 0; at + needle <= size; ++at)
+            if (std::memcmp(bytes + at, m_secret.data(), needle) == 0)
+                return true;
+        return false;
+    }
+
+    const std::wstring m_secret; // empty: nothing is watched
+    long m_unwiped = 0;
 
     LONG m_refs = 1;
     std::mutex m_mutex; // the allocator is called from COM's threads too
@@ -89,8 +121,12 @@ private:
 
 } // namespace
 
-IMallocSpy *NewAllocationSpy() {
-    return new CAllocationSpy();
+IMallocSpy *NewAllocationSpy(const wchar_t *secret) {
+    return new CAllocationSpy(secret);
+}
+
+long UnwipedFrees(IMallocSpy *spy) {
+    return static_cast<CAllocationSpy *>(spy)->Unwiped();
 }
 
 AllocationCount OutstandingAllocations(IMallocSpy *spy) {
@@ -103,7 +139,11 @@ AllocationAccounting::AllocationAccounting() {
         m_reportPath[0] = L'\0';
         return;
     }
-    m_spy = NewAllocationSpy();
+    wchar_t secret[256] = L"";
+    const DWORD secretLength = GetEnvironmentVariableW(L"CVCLI_ALLOCATION_SECRET", secret, ARRAYSIZE(secret));
+    m_watching = secretLength > 0 && secretLength < ARRAYSIZE(secret);
+    m_spy = NewAllocationSpy(m_watching ? secret : nullptr);
+    SecureZeroMemory(secret, sizeof(secret));
     if (CoRegisterMallocSpy(m_spy) != S_OK) {
         m_spy->Release();
         m_spy = nullptr;
@@ -116,6 +156,8 @@ AllocationAccounting::~AllocationAccounting() {
     const AllocationCount count = OutstandingAllocations(m_spy);
     if (FILE *report = _wfopen(m_reportPath, L"w")) {
         fprintf(report, "outstanding %ld %lld\n", count.blocks, count.bytes);
+        if (m_watching)
+            fprintf(report, "unwiped %ld\n", UnwipedFrees(m_spy));
         fclose(report);
     }
     // Revoking fails while blocks are outstanding; the system then keeps the

@@ -1,7 +1,10 @@
 // Counts the COM task-allocator blocks of this process, so that a test run can
 // prove that every record the service returned and every request cvcli built
 // was given back. Off unless CVCLI_ALLOCATION_REPORT names a file; then the
-// count of blocks still outstanding is written there when the run ends.
+// count of blocks still outstanding is written there when the run ends. With
+// CVCLI_ALLOCATION_SECRET set as well, every block given back is searched for
+// that text (UTF-16) first, and the report also says how many still held it:
+// a password that was not wiped before its memory went back.
 #pragma once
 
 #include <objidl.h>
@@ -11,13 +14,14 @@ public:
     // Registers the spy when the report is asked for; must come before the
     // COM apartment so that it outlives it.
     AllocationAccounting();
-    // Writes "outstanding <blocks> <bytes>" and revokes the spy.
+    // Writes "outstanding <blocks> <bytes>" (and "unwiped <blocks>") and revokes the spy.
     ~AllocationAccounting();
     AllocationAccounting(const AllocationAccounting &) = delete;
     AllocationAccounting &operator=(const AllocationAccounting &) = delete;
 
 private:
     IMallocSpy *m_spy = nullptr;
+    bool m_watching = false;
     wchar_t m_reportPath[260] = L"";
 };
 
@@ -27,4 +31,5 @@ struct AllocationCount {
     long long bytes;
 };
 AllocationCount OutstandingAllocations(IMallocSpy *spy);
-IMallocSpy *NewAllocationSpy();
+IMallocSpy *NewAllocationSpy(const wchar_t *secret = nullptr); // secret: the text to look for in freed blocks
+long UnwipedFrees(IMallocSpy *spy);                            // blocks given back that still held the secret

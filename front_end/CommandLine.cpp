@@ -1,10 +1,25 @@
 #include "front_end/CommandLine.h"
 
+#include "front_end/Secret.h"
 #include "front_end/Switches.h"
 
 #include <wchar.h>
 
 CCommandLine::CCommandLine(wchar_t *const *args) {
+    // Every list gets its final size before the first value: a list that grew
+    // would give back its earlier buffer, values (a password among them)
+    // still in it, without the wipe below.
+    std::map<std::wstring, size_t> counts;
+    size_t *counted = nullptr;
+    for (wchar_t *const *arg = args; arg != nullptr && *arg != nullptr; ++arg) {
+        if ((*arg)[0] == L'-')
+            counted = &counts[*arg];
+        else if (counted != nullptr)
+            ++*counted;
+    }
+    for (const auto &count : counts)
+        m_switches[count.first].reserve(count.second);
+
     ValueList *current = nullptr;
     for (; args != nullptr && *args != nullptr; ++args) {
         const wchar_t *arg = *args;
@@ -17,7 +32,12 @@ CCommandLine::CCommandLine(wchar_t *const *args) {
     }
 }
 
-CCommandLine::~CCommandLine() = default;
+CCommandLine::~CCommandLine() {
+    // Any value may be a password (-pwd, -c): none leaves its text behind.
+    for (auto &entry : m_switches)
+        for (std::wstring &value : entry.second)
+            WipeText(value);
+}
 
 bool CCommandLine::IsPresent(const wchar_t *word) const {
     return m_switches.find(word) != m_switches.end();

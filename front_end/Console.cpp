@@ -112,34 +112,44 @@ void AppendUtf8WithCrLf(const wchar_t *text, size_t length, std::string &out, un
     // Texts arrive with either line end (literal formats end in LF, message
     // and system texts in CR LF, service texts with anything): every LF ends
     // up as exactly CR LF, whatever CRs stood before it, also when they ended
-    // the previous write. A CR that no LF follows stays as it is.
-    size_t start = 0;
-    auto appendRun = [&](size_t from, size_t to) {
-        if (to <= from)
-            return;
-        const int count = static_cast<int>(to - from);
-        const int bytes = WideCharToMultiByte(CP_UTF8, 0, text + from, count, nullptr, 0, nullptr, nullptr);
-        if (bytes <= 0)
-            return;
-        const size_t at = out.size();
-        out.resize(at + static_cast<size_t>(bytes));
-        WideCharToMultiByte(CP_UTF8, 0, text + from, count, &out[at], bytes, nullptr, nullptr);
-    };
+    // the previous write. A CR that no LF follows stays as it is. One pass
+    // does both, straight into the pending block (whose capacity stays from
+    // block to block): no call to the system and no allocation per line. A
+    // lone surrogate becomes U+FFFD, as the system's own conversion makes it.
+    // Nothing large goes on the stack: the progress sinks print from COM's
+    // threads, and with a kilobyte block on their stack the sinks' calls
+    // failed under Wine (ERROR_NOACCESS, the service call with them).
     for (size_t i = 0; i < length; ++i) {
-        if (text[i] == L'\r') {
-            appendRun(start, i);
+        const unsigned c = text[i];
+        if (c == L'\r') {
             ++heldCrs;
-            start = i + 1;
-        } else if (text[i] == L'\n') {
-            appendRun(start, i);
-            out += "\r\n";
+            continue;
+        }
+        if (c == L'\n') {
             heldCrs = 0;
-            start = i + 1;
-        } else if (heldCrs > 0) {
+            out += "\r\n";
+            continue;
+        }
+        if (heldCrs > 0)
             AppendHeldCrs(out, heldCrs);
+        if (c < 0x80) {
+            out.push_back(static_cast<char>(c));
+        } else if (c < 0x800) {
+            out.push_back(static_cast<char>(0xC0 | (c >> 6)));
+            out.push_back(static_cast<char>(0x80 | (c & 0x3F)));
+        } else if (c >= 0xD800 && c <= 0xDBFF && i + 1 < length && text[i + 1] >= 0xDC00 && text[i + 1] <= 0xDFFF) {
+            const unsigned code = 0x10000 + ((c - 0xD800) << 10) + (static_cast<unsigned>(text[++i]) - 0xDC00);
+            out.push_back(static_cast<char>(0xF0 | (code >> 18)));
+            out.push_back(static_cast<char>(0x80 | ((code >> 12) & 0x3F)));
+            out.push_back(static_cast<char>(0x80 | ((code >> 6) & 0x3F)));
+            out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
+        } else {
+            const unsigned code = (c >= 0xD800 && c <= 0xDFFF) ? 0xFFFD : c;
+            out.push_back(static_cast<char>(0xE0 | (code >> 12)));
+            out.push_back(static_cast<char>(0x80 | ((code >> 6) & 0x3F)));
+            out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
         }
     }
-    appendRun(start, length);
 }
 
 void AppendHeldCrs(std::string &out, unsigned &heldCrs) {
@@ -181,6 +191,20 @@ std::wstring FormatText(const wchar_t *format, ...) {
 }
 
 void PrintV(const wchar_t *format, va_list args) {
+    if (format == nullptr)
+        return;
+    // Nearly every line fits the thread's own block, which the formatter fills
+    // as far as it reports: nothing to zero, allocate or copy per line. Not on
+    // the stack: see AppendUtf8WithCrLf.
+    static thread_local wchar_t line[1024];
+    va_list copy;
+    va_copy(copy, args);
+    const int n = _vsnwprintf(line, ARRAYSIZE(line) - 1, format, copy);
+    va_end(copy);
+    if (n >= 0 && n < static_cast<int>(ARRAYSIZE(line)) - 1) {
+        WriteOut(line, static_cast<size_t>(n));
+        return;
+    }
     std::wstring text = FormatTextV(format, args);
     WriteOut(text.data(), text.size());
 }

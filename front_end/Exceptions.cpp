@@ -6,7 +6,8 @@
 
 #include <cstring>
 
-AlertUserException::AlertUserException(unsigned messageId, HRESULT hr) : m_messageId(messageId), m_hr(hr) {
+AlertUserException::AlertUserException(unsigned messageId, HRESULT hr)
+    : m_systemError(GetLastError()), m_messageId(messageId), m_hr(hr) {
     m_text.reset(static_cast<wchar_t *>(CoTaskMemAlloc(kTextChars * sizeof(wchar_t))), CoTaskMemFree);
     if (m_text != nullptr) {
         std::memset(m_text.get(), 0, kTextChars * sizeof(wchar_t));

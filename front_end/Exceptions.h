@@ -42,10 +42,14 @@ public:
     AlertUserException(unsigned messageId, HRESULT hr);
     unsigned MessageId() const { return m_messageId; }
     HRESULT Hresult() const { return m_hr; }
+    // The thread's last system error where the failure was found, before
+    // composing the text (or anything after) could change it.
+    DWORD SystemError() const { return m_systemError; }
     // CoTaskMem buffer of kTextChars characters; may be null if allocation failed.
     const wchar_t *Text() const { return m_text.get(); }
 
 private:
+    DWORD m_systemError;
     unsigned m_messageId;
     HRESULT m_hr;
     // Shared by the copies that travel with the exception; the last one gives
@@ -55,9 +59,14 @@ private:
 
 class LocalErrorException {
 public:
-    explicit LocalErrorException(unsigned messageId) : m_messageId(messageId) {}
+    explicit LocalErrorException(unsigned messageId) : m_messageId(messageId), m_systemError(GetLastError()) {}
+    // A refusal that stands for an earlier failure keeps that failure's system error.
+    LocalErrorException(unsigned messageId, DWORD systemError) : m_messageId(messageId), m_systemError(systemError) {}
     unsigned MessageId() const { return m_messageId; }
+    // The thread's last system error where the refusal was raised.
+    DWORD SystemError() const { return m_systemError; }
 
 private:
     unsigned m_messageId;
+    DWORD m_systemError;
 };

@@ -8,6 +8,8 @@
 
 #include <utility>
 
+void FreeBstrText(BSTR text); // front_end/SystemLibraries.h: SysFreeString, found on first use
+
 template <typename Traits> class UniqueResource {
 public:
     using Handle = typename Traits::Handle;
@@ -62,7 +64,7 @@ template <typename T> using CoTaskPtr = UniqueResource<CoTaskMemTraits<T>>;
 struct BstrTraits {
     using Handle = BSTR;
     static Handle Null() { return nullptr; }
-    static void Free(Handle h) { SysFreeString(h); }
+    static void Free(Handle h) { FreeBstrText(h); }
 };
 using Bstr = UniqueResource<BstrTraits>;
 

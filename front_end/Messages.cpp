@@ -4,8 +4,8 @@
 #include "front_end/Console.h"
 #include "front_end/Holders.h"
 
+#include "front_end/SystemLibraries.h"
 #include <oleauto.h>
-#include <shlwapi.h>
 
 #include <cstdarg>
 #include <cstdlib>
@@ -150,7 +150,7 @@ wchar_t *MessageFilePath(unsigned messageId) {
         if (!path)
             return nullptr;
     }
-    PathRemoveFileSpecW(path.Get());
+    RemoveFileSpec(path.Get());
     AppendText(path.Get(), size, L"\\");
     wchar_t name[100];
     LoadMessage(messageId, name, 100);

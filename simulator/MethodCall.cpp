@@ -10,7 +10,18 @@
 
 namespace sim {
 
-Call::Call(CServiceObject &object, const char *methodKey, const IID &iid) : object_(object), key_(methodKey), iid_(iid) {}
+Call::Call(CServiceObject &object, const char *methodKey, const IID &iid) : object_(object), key_(methodKey), iid_(iid) {
+    authnQuery_ = CoQueryClientBlanket(nullptr, nullptr, nullptr, &authnLevel_, nullptr, nullptr, nullptr);
+}
+
+void Call::AddAuthentication(Json &line) const {
+    if (SUCCEEDED(authnQuery_)) {
+        line["authnLevel"] = authnLevel_;
+    } else {
+        line["authnLevel"] = nullptr;
+        line["authnQuery"] = HresultText(authnQuery_);
+    }
+}
 
 HRESULT Call::Finish() {
     return Finish([](Reader &) {}, [] {});
@@ -75,6 +86,7 @@ HRESULT Call::Fail(const std::string &problem) {
 HRESULT Call::Complete() {
     Json line = {{"event", "call"},     {"object", object_.Id()},      {"method", key_},
                  {"request", request_}, {"response", response_.index}, {"result", HresultText(response_.result)}};
+    AddAuthentication(line);
     if (!response_.events.empty()) {
         line["sinksCalled"] = sinksCalled_;
         line["sinkFailures"] = sinkFailures_;

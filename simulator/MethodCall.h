@@ -48,12 +48,17 @@ private:
     HRESULT Fail(const std::string &problem);
     HRESULT Complete();
     std::string Where() const;
+    void AddAuthentication(Json &line) const;
 
     CServiceObject &object_;
     std::string key_;
     const IID &iid_;
     Json request_ = Json::object();
     Response response_;
+    // The authentication level the call arrived with, where the runtime
+    // tells it (CoQueryClientBlanket); otherwise why not.
+    DWORD authnLevel_ = 0;
+    HRESULT authnQuery_ = E_FAIL;
     unsigned sinksCalled_ = 0;
     unsigned sinkFailures_ = 0;
 };

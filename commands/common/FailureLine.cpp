@@ -21,6 +21,6 @@ EventConnection ConnectProgressSinkOrFail(IUnknown *source, HRESULT &lastHr) {
         return ConnectSink<CVirtualDiskEvents>(source);
     } catch (const AlertUserException &e) {
         lastHr = e.Hresult();
-        throw LocalErrorException(MSG_EVENTS_NOT_CONNECTED);
+        throw LocalErrorException(MSG_EVENTS_NOT_CONNECTED, e.SystemError());
     }
 }

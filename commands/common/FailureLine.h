@@ -2,7 +2,8 @@
 // transport_protocol): usage and alert failures go on to the entry as
 // everywhere else; any other failure ends in one "Failed to ..." line with the
 // thread's last system error and the last HRESULT the handler saw, and the run
-// counts as a success.
+// counts as a success. The system error is the one the failure found where it
+// was raised: the releases on the way out make calls of their own.
 #pragma once
 
 #include "front_end/Exceptions.h"
@@ -24,6 +25,8 @@ template <typename Body> void RunWithFailureLine(FailureOutput output, const cha
         throw;
     } catch (const AlertUserException &) {
         throw;
+    } catch (const LocalErrorException &e) {
+        PrintFailureLine(output, format, e.SystemError(), lastHr);
     } catch (...) {
         const DWORD systemError = GetLastError();
         PrintFailureLine(output, format, systemError, lastHr);

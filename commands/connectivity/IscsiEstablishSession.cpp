@@ -12,8 +12,10 @@
 #include "front_end/Exceptions.h"
 #include "front_end/Holders.h"
 #include "front_end/Switches.h"
+#include "front_end/SystemLibraries.h"
 #include "front_end/Words.h"
 #include "service/OwnedRecord.h"
+#include "service/ProxySecurity.h"
 #include "service/ServiceAccess.h"
 
 #include <cwchar>
@@ -49,7 +51,7 @@ DWORD AddressOf(const std::wstring &text) {
     int bytes = WideCharToMultiByte(CP_ACP, 0, text.c_str(), -1, &narrow[0], static_cast<int>(narrow.size()), nullptr, nullptr);
     if (bytes <= 0)
         narrow.clear();
-    return static_cast<DWORD>(inet_addr(narrow.c_str()));
+    return static_cast<DWORD>(Ipv4AddressOf(narrow.c_str()));
 }
 
 SessionRequest ReadRequest(const CCommandLine &cl) {
@@ -191,6 +193,7 @@ void IscsiInitiatorEstablishSession(CCommandLine &cl) {
     chap.Get()->wszName = chapName.Get();
     chap.Get()->wszPassword = chapPassword.text.Get();
 
+    RequestPacketPrivacy(iscsi.Get()); // the CHAP record carries the password
     CheckServiceCall(iscsi->EstablishSession(cl.MachineName(), request.target, session.Get(), chap.Get()),
                      MSG_ESTABLISH_SESSION_FAILED);
 }

@@ -5,6 +5,7 @@
 
 #include "commands/connectivity/IscsiRecords.h"
 #include "front_end/Console.h"
+#include "front_end/SystemLibraries.h"
 
 namespace {
 
@@ -123,7 +124,7 @@ void PrintNetworkPortal(const IscsiPortal &portal) {
 std::string Ipv4Text(DWORD address) {
     in_addr in;
     in.s_addr = address;
-    const char *text = inet_ntoa(in);
+    const char *text = Ipv4TextOf(in);
     return text != nullptr ? text : "";
 }
 

@@ -22,32 +22,6 @@ void SetKeyReaderForTesting(KeyReader reader) {
     g_readKey = reader != nullptr ? reader : ReadConsoleKey;
 }
 
-void SecretText::Wipe(std::wstring &text) {
-    // The whole capacity: an earlier, longer state may still be there.
-    text.resize(text.capacity());
-    SecureZeroMemory(&text[0], text.size() * sizeof(wchar_t));
-    text.clear();
-}
-
-SecretText::~SecretText() {
-    Wipe(m_text);
-}
-
-void SecretText::Append(wchar_t key) {
-    if (m_text.size() == m_text.capacity()) {
-        std::wstring larger;
-        larger.reserve(2 * m_text.capacity() + 16);
-        larger = m_text;
-        Wipe(m_text);
-        m_text.swap(larger);
-    }
-    m_text.push_back(key);
-}
-
-SecretText::SecretText(SecretText &&other) noexcept {
-    m_text.swap(other.m_text);
-}
-
 SecretText ReadPassword() {
     Print(L"Type Password for the user:");
     SecretText password;

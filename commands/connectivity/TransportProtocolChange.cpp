@@ -9,6 +9,7 @@
 #include "front_end/Holders.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
+#include "service/ProxySecurity.h"
 #include "service/ServiceAccess.h"
 
 #include <cwchar>
@@ -78,6 +79,7 @@ void SetProtocol(const CCommandLine &cl, HRESULT &hr) {
         record.SetText(&TransportProtocolInfo::wszPassword, password.Get());
     }
 
+    RequestPacketPrivacy(protocols.Get()); // both calls below carry the password
     if (!isDefault) {
         hr = protocols->CheckTransportProtocol(record.Get());
         CheckServiceCall(hr, MSG_SET_TRANSPORT_PROTOCOL_FAILED);

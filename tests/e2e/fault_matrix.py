@@ -284,7 +284,7 @@ def point_cases(label, argv, demo, points, seen, example):
     return cases
 
 
-def build_cases(session):
+def build_cases(session, relaunched):
     problems, cases = [], []
     demo = json.loads((harness.REPO / DEMO).read_text(encoding="utf-8"))
     examples = documented_examples()
@@ -296,7 +296,9 @@ def build_cases(session):
             problems.append("%s (%s): no example run in docs/commands.md" % (label, handler))
             continue
         argv = argvs[0]
-        main = session.run(Case(label, argv, scenario=demo))
+        # The discovery run is retried as every case is: under load a run
+        # that Wine did not start would otherwise reach "no service call".
+        main = run_e2e.run_case(session, Case(label, argv, scenario=demo), label + " (example)", relaunched)
         calls = main.calls()
         if not calls:
             problems.append("%s: the example %r reaches no service call" % (label, " ".join(argv)))
@@ -335,12 +337,13 @@ def main():
     started = time.monotonic()
     session.start()
     try:
-        problems, cases = build_cases(session)
+        relaunched = []
+        problems, cases = build_cases(session, relaunched)
         for problem in problems:
             print("matrix: " + problem)
         selected = [("fault_matrix", c) for c in cases if not args.pattern or args.pattern.lower() in c.name.lower()]
         print("%d operations, %d runs" % (len({c.name.split(":")[0] for c in cases}), len(selected)), flush=True)
-        status = run_e2e.run(session, args, time.monotonic() - started, cases=selected)
+        status = run_e2e.run(session, args, time.monotonic() - started, cases=selected, relaunched=relaunched)
         return 1 if problems else status
     finally:
         session.prefix_script("--stop")

@@ -52,6 +52,14 @@ class Case:
     same_as  the name of an earlier case of the same file whose stdout and
              status this one must reproduce exactly
     check    a function(Result) that raises AssertionError for anything else
+    decoy    a working copy of CorvaneRes.dll lies in the current directory
+             of the run (where a search by name would find it)
+    secret   a password the run handles: no COM task-allocator block that
+             cvcli gives back may still hold it (by default the -pwd value
+             and the CHAP password of -c, when at least 4 characters long)
+    remote   run cvcli_remote.exe (cvcli whose activations are recorded, and
+             made locally when they name a machine), so that "-m SOMEHOST"
+             reaches the simulator; Result.activations holds what it asked for
     released every service object created must be released by the end
     allocations every COM task-allocator block cvcli took must be given back
              by the end (cvcli's own count, see CVCLI_ALLOCATION_REPORT)
@@ -73,6 +81,9 @@ class Case:
     check: Optional[Callable] = None
     released: bool = True
     allocations: bool = True
+    remote: bool = False
+    secret: Optional[str] = None
+    decoy: bool = False
     env: dict = field(default_factory=dict)
     timeout: float = 30.0
     stdout_file: Optional[str] = None
@@ -87,6 +98,18 @@ class Result:
     seconds: float
     timed_out: bool = False
     allocations: Optional[str] = None  # cvcli's report: "outstanding <blocks> <bytes>"
+    activations: list = field(default_factory=list)  # remote cases: each COSERVERINFO as built
+    unwiped: Optional[int] = None  # freed blocks that still held the case's secret (None: not watched)
+    blankets: list = field(default_factory=list)  # remote cases: each proxy security level asked for, and the answer
+
+    def authentication_levels(self):
+        """(method, level) of every call, as the simulator's runtime reported the level (None: it did not)."""
+        return [(e.get("method"), e.get("authnLevel")) for e in self.events if e.get("event") == "call"]
+
+    def machine_arguments(self):
+        """(method, value) of every machine name that a call carried to the service."""
+        return [(e.get("method"), e["request"]["machineName"]) for e in self.events
+                if e.get("event") == "call" and "machineName" in (e.get("request") or {})]
 
     def text(self):
         """stdout as text with LF line ends, as the cases write expectations."""
@@ -104,6 +127,20 @@ class Result:
 def password_digest(password):
     """How the simulator logs a password field: never the text, its SHA-256 over UTF-16LE."""
     return "sha256:" + hashlib.sha256(password.encode("utf-16-le")).hexdigest()
+
+
+def watched_secret(case):
+    """The password whose freed copies a case looks for: its own, else the
+    value of -pwd or the CHAP password of -c (short ones would match any text)."""
+    if case.secret is not None:
+        return case.secret
+    argv = list(case.argv)
+    for switch, position in (("-pwd", 1), ("-c", 2)):
+        if switch in argv:
+            at = argv.index(switch) + position
+            if at < len(argv) and not argv[at].startswith("-") and len(argv[at]) >= 4:
+                return argv[at]
+    return None
 
 
 def hresult(value):
@@ -194,6 +231,8 @@ class Session:
         self.log_file = self.work / "calls.jsonl"
         self.status_file = self.work / "status.txt"
         self.allocation_file = self.work / "allocations.txt"
+        self.activation_file = self.work / "activations.jsonl"
+        self.remote_seam = self.build / "tests" / "e2e" / "cvcli_remote.exe"
         self.prefixes = {"service": self.build / "wineprefix", "bare": self.build / "wineprefix-bare"}
         self.wine = os.environ.get("WINE") or ("/usr/lib/wine/wine64" if os.path.exists("/usr/lib/wine/wine64") else "wine64")
         self._system_texts = {}
@@ -213,7 +252,7 @@ class Session:
 
     def start(self):
         """Prepares the prefixes and starts their warm Wine servers."""
-        for path in (self.cvcli, self.resources, self.runexit, self.systext):
+        for path in (self.cvcli, self.resources, self.runexit, self.systext, self.remote_seam):
             if not path.is_file():
                 raise RuntimeError("%s is missing: build first" % path)
         shutil.rmtree(self.work, ignore_errors=True)
@@ -259,15 +298,16 @@ class Session:
                 return True
         return False
 
-    def program(self, name, resources):
-        """A copy of cvcli.exe under another file name or without its library."""
-        if name is None and resources:
+    def program(self, name, resources, remote=False):
+        """A copy of cvcli.exe (or of the remote seam, as cvcli.exe) under
+        another file name or without its library."""
+        if name is None and resources and not remote:
             return self.cvcli
-        key = (name or "cvcli.exe", resources)
+        key = (name or "cvcli.exe", resources, remote)
         if key not in self._programs:
             directory = self.work / "programs" / str(len(self._programs))
             directory.mkdir(parents=True)
-            shutil.copy2(self.cvcli, directory / key[0])
+            shutil.copy2(self.remote_seam if remote else self.cvcli, directory / key[0])
             if resources:
                 shutil.copy2(self.resources, directory / "CorvaneRes.dll")
             self._programs[key] = directory / key[0]
@@ -282,11 +322,17 @@ class Session:
             data = json.loads(json.dumps(scenario))
         # The harness reads the log at its own fixed path, whatever the scenario says.
         data["callLog"] = winpath(self.log_file)
+        # And the run's simulator stays for the whole run, whatever the
+        # scenario says: one that ends between two cases (the demo scenario
+        # lingers 5 s, a gap a loaded machine easily makes) can be revoking its
+        # classes while the next case asks for an object, and that creation
+        # fails (0x80040154) or waits for a server that is going.
+        data.pop("lingerSeconds", None)
         self.scenario_file.write_text(json.dumps(data, indent=1), encoding="utf-8")
 
     def run(self, case):
         self.write_scenario(case.scenario)
-        for path in (self.log_file, self.status_file, self.allocation_file):
+        for path in (self.log_file, self.status_file, self.allocation_file, self.activation_file):
             if path.exists():
                 path.unlink()
         env = self.base_env(case.prefix)
@@ -300,13 +346,20 @@ class Session:
             # One simulator serves the whole run, however long the stretches
             # of cases that need no service; the fixture's stop ends it.
             CORVANE_SIM_LINGER="600",
+            CVCLI_ACTIVATION_LOG=winpath(self.activation_file),
         )
+        secret = watched_secret(case)
+        if secret is not None:
+            env["CVCLI_ALLOCATION_SECRET"] = secret
         env.update(case.env)
-        program = self.program(case.program, case.resources)
+        program = self.program(case.program, case.resources, case.remote)
         command = [self.wine, str(self.runexit), winpath(program)] + list(case.argv)
         out_path, err_path = self.work / "stdout", self.work / "stderr"
         # Files, not pipes: a process that cvcli starts (the simulator) inherits
         # its streams and outlives it, and a pipe would stay open with it.
+        decoy = self.work / "CorvaneRes.dll"
+        if case.decoy:
+            shutil.copy2(self.resources, decoy)
         started = time.monotonic()
         timed_out = False
         if out_path.exists():
@@ -329,6 +382,8 @@ class Session:
             watchdog.cancel()
             timed_out = hung.is_set()
         seconds = time.monotonic() - started
+        if decoy.exists():
+            decoy.unlink()
         if timed_out:
             # The kill may have taken the simulator along: start afresh so
             # that one hang does not turn every later case into one.
@@ -349,9 +404,21 @@ class Session:
             # a client that is on its way out can leave one behind) would make
             # every later case wait for an idle line that never comes.
             self.restart_wine()
-        allocations = self.allocation_file.read_text().strip() if self.allocation_file.exists() else None
+        allocations = unwiped = None
+        if self.allocation_file.exists():
+            report = self.allocation_file.read_text().splitlines()
+            allocations = report[0].strip() if report else ""
+            for line in report[1:]:
+                if line.startswith("unwiped "):
+                    unwiped = int(line.split()[1])
+        seam = []
+        if self.activation_file.exists():
+            seam = [json.loads(line) for line in self.activation_file.read_text(encoding="utf-8").splitlines() if line]
+        activations = [line for line in seam if "context" in line]
+        blankets = [line for line in seam if "blanket" in line]
         stdout = out_path.read_bytes() if out_path.exists() else b""
-        return Result(stdout, err_path.read_bytes(), status, events, seconds, timed_out, allocations)
+        return Result(stdout, err_path.read_bytes(), status, events, seconds, timed_out, allocations,
+                      activations, unwiped, blankets)
 
     def read_log(self):
         events = []

@@ -133,12 +133,32 @@ def verify(case, result, earlier):
             problems.append("no allocation report (CVCLI_ALLOCATION_REPORT)")
         elif result.allocations != "outstanding 0 0":
             problems.append("COM task-allocator blocks left at exit: %s" % result.allocations)
+        secret = harness.watched_secret(case)
+        if secret is not None and result.unwiped is None:
+            problems.append("the allocation report does not say whether the password %r was wiped" % secret)
+        elif secret is not None and result.unwiped != 0:
+            problems.append("%d COM task-allocator block(s) given back still held the password %r" % (result.unwiped, secret))
     if case.check is not None:
         try:
             case.check(result)
         except AssertionError as error:
             problems.append("check: %s" % (error or "failed"))
     return problems
+
+
+def run_case(session, case, label, relaunched):
+    """One run of a case. Under a loaded Wine a process now and then fails to
+    start at all (STATUS_DLL_INIT_FAILED, or no status), and about once in a
+    thousand runs one stalls until the watchdog ends it (the harness then
+    restarts Wine). Such a run is made again, at most twice, and named in
+    `relaunched`; a case that stalls again fails."""
+    result = session.run(case)
+    for _ in range(2):
+        if not launch_failed(result) and not result.timed_out:
+            break
+        relaunched.append("%s%s" % (label, " (stalled)" if result.timed_out else ""))
+        result = session.run(case)
+    return result
 
 
 def main():
@@ -163,8 +183,9 @@ def main():
         session.prefix_script("--stop")
 
 
-def run(session, args, prepared, cases=None):
-    """Runs the cases (by default those of the case files) and prints the summary."""
+def run(session, args, prepared, cases=None, relaunched=None):
+    """Runs the cases (by default those of the case files) and prints the
+    summary; `relaunched` may already name runs made again before."""
     if cases is None:
         cases = load_cases(args.pattern)
     if args.list:
@@ -176,21 +197,13 @@ def run(session, args, prepared, cases=None):
     earlier = {}
     run_started = time.monotonic()
     count = 0
-    relaunched = []
+    relaunched = [] if relaunched is None else relaunched
+    simulator_starts = 0
     for stem, case in cases:
         for _ in range(args.repeat):
-            result = session.run(case)
-            # Under a loaded Wine a process now and then fails to start at all
-            # (STATUS_DLL_INIT_FAILED, or no status), and about once in a
-            # thousand runs one stalls until the watchdog ends it (the harness
-            # then restarts Wine). Such a run is made again, at most twice, and
-            # reported; a case that stalls again fails.
-            for _ in range(2):
-                if not launch_failed(result) and not result.timed_out:
-                    break
-                relaunched.append("%s::%s%s" % (stem, case.name, " (stalled)" if result.timed_out else ""))
-                result = session.run(case)
+            result = run_case(session, case, "%s::%s" % (stem, case.name), relaunched)
             count += 1
+            simulator_starts += sum(1 for e in result.events if e.get("event") == "start")
             problems = verify(case, result, earlier.get(stem, {}))
             earlier.setdefault(stem, {})[case.name] = result
             label = "%s::%s" % (stem, case.name)
@@ -205,6 +218,9 @@ def run(session, args, prepared, cases=None):
             print(problem.rstrip("\n"))
     if relaunched:
         print("\nrun again after Wine failed to start or stalled the process: %s" % ", ".join(relaunched))
+    # One simulator serves the run; it starts again only after a case in
+    # which it died, or after Wine was restarted.
+    print("\nretries: %d; simulator starts: %d" % (len(relaunched), simulator_starts))
     print(
         "\n%d case runs, %d failed; %.1f s (%.2f s a case), prefix start %.1f s"
         % (count, len(failures), elapsed, elapsed / count if count else 0, prepared)

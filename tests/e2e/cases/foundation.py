@@ -140,6 +140,8 @@ CASES = [
     # The program's environment.
     Case("no CorvaneRes.dll: silent success", [], "", S_OK, resources=False),
     Case("no CorvaneRes.dll: snap list", ["snap", "list"], "", S_OK, resources=False),
+    # A library by that name in the current directory is never searched for.
+    Case("a CorvaneRes.dll in the current directory is not loaded", ["help"], "", S_OK, resources=False, decoy=True),
     Case("renamed: help", ["help"], general_usage("corvane-admin"), E_INVALIDARG, program="CorVane-Admin.EXE"),
     Case("renamed: snap", ["snap"], snap_usage("corvane-admin"), E_INVALIDARG, program="CorVane-Admin.EXE"),
     Case(
