@@ -74,3 +74,8 @@ void EventConnection::Disconnect() {
     m_point.Reset();
     m_cookie = 0;
 }
+
+void RefuseUnconnectedSink(const AlertUserException &failure, HRESULT &lastHr) {
+    lastHr = failure.Hresult();
+    throw LocalErrorException(MSG_EVENTS_NOT_CONNECTED, failure.SystemError());
+}

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Corvane.h"
+#include "front_end/Exceptions.h"
 #include "service/ServiceAccess.h"
 #include <ocidl.h>
 
@@ -87,3 +88,9 @@ template <typename Sink> EventConnection ConnectSink(IUnknown *source) {
     connection.Connect(source, __uuidof(typename Sink::EventInterfaceType), sink.Get());
     return connection;
 }
+
+// For handlers that answer with a "Failed to ..." line: a sink that cannot be
+// connected is not a service failure of the operation but a refusal of the
+// handler (5120-style local error with the connection's system error); the
+// connection's HRESULT is kept in lastHr for the line.
+[[noreturn]] void RefuseUnconnectedSink(const AlertUserException &failure, HRESULT &lastHr);

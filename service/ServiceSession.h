@@ -12,15 +12,36 @@
 
 #include <utility>
 
+// Asks for a session whose sinks the handler connects itself, later (ConnectSinks),
+// when a question to the service must come before them.
+struct SinksLater {};
+
 template <typename Interface, typename... Sinks> class ServiceSession {
 public:
     // A null or empty machine name means the local machine.
     ServiceSession(const wchar_t *machineName, REFCLSID clsid) {
         CreateServiceInterface(machineName, clsid, m_service);
+        ConnectSinks();
+    }
+    ServiceSession(const CCommandLine &cl, REFCLSID clsid) : ServiceSession(cl.MachineName(), clsid) {}
+    ServiceSession(const CCommandLine &cl, REFCLSID clsid, SinksLater) {
+        CreateServiceInterface(cl.MachineName(), clsid, m_service);
+    }
+    // For handlers that answer with a "Failed to ..." line: a sink that cannot
+    // be connected is the handler's refusal, its HRESULT kept in lastHr.
+    ServiceSession(const CCommandLine &cl, REFCLSID clsid, HRESULT &lastHr) {
+        CreateServiceInterface(cl.MachineName(), clsid, m_service);
+        try {
+            ConnectSinks();
+        } catch (const AlertUserException &failure) {
+            RefuseUnconnectedSink(failure, lastHr);
+        }
+    }
+
+    void ConnectSinks() {
         [[maybe_unused]] size_t next = 0;
         ((m_events[next++] = ConnectSink<Sinks>(m_service.Get())), ...);
     }
-    ServiceSession(const CCommandLine &cl, REFCLSID clsid) : ServiceSession(cl.MachineName(), clsid) {}
 
     Interface *Get() const { return m_service.Get(); }
     Interface *operator->() const { return m_service.Get(); }

@@ -1,6 +1,5 @@
 #include "commands/common/FailureLine.h"
 
-#include "MessageIds.h"
 #include "front_end/Console.h"
 
 #include <string>
@@ -14,13 +13,4 @@ void PrintFailureLine(FailureOutput output, const char *format, DWORD systemErro
     }
     const std::wstring wideFormat(format, format + std::char_traits<char>::length(format)); // ASCII formats only
     Print(wideFormat.c_str(), error, hr);
-}
-
-EventConnection ConnectProgressSinkOrFail(IUnknown *source, HRESULT &lastHr) {
-    try {
-        return ConnectSink<CVirtualDiskEvents>(source);
-    } catch (const AlertUserException &e) {
-        lastHr = e.Hresult();
-        throw LocalErrorException(MSG_EVENTS_NOT_CONNECTED, e.SystemError());
-    }
 }

@@ -7,7 +7,6 @@
 #pragma once
 
 #include "front_end/Exceptions.h"
-#include "service/EventSinks.h"
 
 #include <windows.h>
 
@@ -32,8 +31,3 @@ template <typename Body> void RunWithFailureLine(FailureOutput output, const cha
         PrintFailureLine(output, format, systemError, lastHr);
     }
 }
-
-// The virtual-disk progress sink for these handlers: a sink that cannot be
-// connected is not a service failure of the operation but a failure of the
-// handler, so it becomes a failure line; its HRESULT is kept in lastHr.
-EventConnection ConnectProgressSinkOrFail(IUnknown *source, HRESULT &lastHr);

@@ -6,16 +6,14 @@
 #include "front_end/Console.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
-#include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 namespace {
 
 void DeleteGroup(const CCommandLine &cl, HRESULT &hr) {
     const wchar_t *storageSystem = RequiredValue(cl, sw::f, cmd::IGroup, op::Delete, MSG_USAGE_STORAGE_SYSTEM);
     const wchar_t *groupName = RequiredValue(cl, sw::ig, cmd::IGroup, op::Delete, MSG_USAGE_IGROUP_NAME);
-    ComPtr<IIGroup> igroup;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, igroup);
-    EventConnection events = ConnectProgressSinkOrFail(igroup.Get(), hr);
+    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(cl, CLSID_VirtualDiskService, hr);
     Print(L"\nDeleting the Initiator group ...\n");
     hr = igroup->DeleteIGroup(storageSystem, groupName);
     if (hr != S_OK) {
@@ -29,9 +27,7 @@ void RenameGroup(const CCommandLine &cl, HRESULT &hr) {
     const wchar_t *storageSystem = RequiredValue(cl, sw::f, cmd::IGroup, op::Rename, MSG_USAGE_STORAGE_SYSTEM);
     const wchar_t *groupName = RequiredValue(cl, sw::ig, cmd::IGroup, op::Rename, MSG_USAGE_IGROUP_NAME);
     const wchar_t *newName = RequiredValue(cl, sw::igNew, cmd::IGroup, op::Rename, MSG_USAGE_NEW_IGROUP_NAME);
-    ComPtr<IIGroup> igroup;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, igroup);
-    EventConnection events = ConnectProgressSinkOrFail(igroup.Get(), hr);
+    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(cl, CLSID_VirtualDiskService, hr);
     Print(L"\nRenaming the Initiator group ...\n");
     hr = igroup->RenameIGroup(storageSystem, groupName, newName);
     if (hr != S_OK) {

@@ -9,7 +9,7 @@
 #include "front_end/ListArgs.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
-#include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 #include <cwchar>
 #include <new>
@@ -58,9 +58,7 @@ void CreateGroup(const CCommandLine &cl, HRESULT &hr) {
         throw OperationUsageException(cmd::IGroup, op::Create, MSG_USAGE_IGROUP_NAME);
     const wchar_t *storageSystem = RequiredValue(cl, sw::f, cmd::IGroup, op::Create, MSG_USAGE_STORAGE_SYSTEM);
 
-    ComPtr<IIGroup> igroup;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, igroup);
-    EventConnection events = ConnectProgressSinkOrFail(igroup.Get(), hr);
+    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(cl, CLSID_VirtualDiskService, hr);
 
     // Os type and group type stay 0: the storage system picks them.
     IGroupInfo group = {};

@@ -6,7 +6,7 @@
 #include "front_end/Console.h"
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
-#include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 void FreeIGroupList(IGroupList &list) {
     FreeEach(list.pGroups, list.dwCount, [](IGroupInfo &group) { FreeAndClear(group.pInitiators); });
@@ -47,9 +47,7 @@ void PrintGroup(const IGroupInfo &group) {
 
 void ListGroups(const CCommandLine &cl, HRESULT &hr) {
     const wchar_t *storageSystem = RequiredValue(cl, sw::f, cmd::IGroup, op::List, MSG_USAGE_STORAGE_SYSTEM);
-    ComPtr<IIGroup> igroup;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, igroup);
-    EventConnection events = ConnectProgressSinkOrFail(igroup.Get(), hr);
+    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(cl, CLSID_VirtualDiskService, hr);
     Print(L"\nListing the Initiator groups ...\n");
     OwnedIGroupList groups;
     hr = igroup->ListIGroups(storageSystem, groups.Out());

@@ -16,7 +16,7 @@
 #include "front_end/Words.h"
 #include "service/OwnedRecord.h"
 #include "service/ProxySecurity.h"
-#include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 #include <cwchar>
 #include <string>
@@ -91,8 +91,7 @@ std::wstring HostName(const CCommandLine &cl) {
 
 bool HostAllowsSeveralSessions(const CCommandLine &cl) {
     const std::wstring host = HostName(cl);
-    ComPtr<IInitiator> initiator;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, initiator);
+    ServiceSession<IInitiator> initiator(cl, CLSID_VirtualDiskService);
     InitiatorCapabilities *capabilities = nullptr;
     const HRESULT hr = initiator->GetInitiatorCapabilities(host.c_str(), &capabilities);
     CoTaskPtr<InitiatorCapabilities> owned(capabilities);
@@ -165,8 +164,7 @@ void IscsiInitiatorEstablishSession(CCommandLine &cl) {
     const SecretText typedSecret = request.chapName != nullptr && request.chapPassword == nullptr ? ReadPassword() : SecretText();
     if (request.chapName != nullptr && request.chapPassword == nullptr)
         request.chapPassword = typedSecret.Get();
-    ComPtr<IIscsi> iscsi;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, iscsi);
+    ServiceSession<IIscsi> iscsi(cl, CLSID_VirtualDiskService);
     RefuseDuplicate(iscsi.Get(), cl, request);
 
     CoTaskPtr<IscsiConnection> connection = AllocateSentRecords<IscsiConnection>(1, MSG_ESTABLISH_SESSION_FAILED);

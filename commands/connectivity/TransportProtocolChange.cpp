@@ -10,7 +10,7 @@
 #include "front_end/Switches.h"
 #include "front_end/Words.h"
 #include "service/ProxySecurity.h"
-#include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 #include <cwchar>
 
@@ -62,9 +62,7 @@ SecretText ReadPasswordSwitch(const CCommandLine &cl) {
 }
 
 void SetProtocol(const CCommandLine &cl, HRESULT &hr) {
-    ComPtr<ITransportProtocol> protocols;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, protocols);
-    EventConnection events = ConnectProgressSinkOrFail(protocols.Get(), hr);
+    ServiceSession<ITransportProtocol, CVirtualDiskEvents> protocols(cl, CLSID_VirtualDiskService, hr);
     OwnedProtocolRecord record;
 
     const bool isDefault = cl.IsPresent(sw::default_);
@@ -95,9 +93,7 @@ void SetProtocol(const CCommandLine &cl, HRESULT &hr) {
 
 void DeleteProtocol(const CCommandLine &cl, HRESULT &hr) {
     const wchar_t *entryName = EntryName(cl, op::Delete);
-    ComPtr<ITransportProtocol> protocols;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, protocols);
-    EventConnection events = ConnectProgressSinkOrFail(protocols.Get(), hr);
+    ServiceSession<ITransportProtocol, CVirtualDiskEvents> protocols(cl, CLSID_VirtualDiskService, hr);
     CoTaskPtr<wchar_t> name(CoTaskStrDup(entryName));
     if (name.Get() == nullptr)
         throw AlertUserException(MSG_DELETE_TRANSPORT_PROTOCOL_FAILED, E_OUTOFMEMORY);

@@ -3,7 +3,7 @@
 #include "commands/common/FailureLine.h"
 #include "commands/connectivity/TransportProtocolRecords.h"
 #include "front_end/Console.h"
-#include "service/ServiceAccess.h"
+#include "service/ServiceSession.h"
 
 #include <cwchar>
 #include <string>
@@ -84,9 +84,7 @@ void PrintProtocols(const TransportProtocolList &list) {
 }
 
 void ListProtocols(const CCommandLine &cl, HRESULT &hr) {
-    ComPtr<ITransportProtocol> protocols;
-    CreateServiceInterface(cl.MachineName(), CLSID_VirtualDiskService, protocols);
-    EventConnection events = ConnectProgressSinkOrFail(protocols.Get(), hr);
+    ServiceSession<ITransportProtocol, CVirtualDiskEvents> protocols(cl, CLSID_VirtualDiskService, hr);
     OwnedTransportProtocolList list;
     hr = protocols->ListTransportProtocols(list.Out(), FALSE);
     CheckServiceCall(hr, MSG_LIST_TRANSPORT_PROTOCOLS_FAILED);

@@ -51,12 +51,12 @@ void ListBasic(IVirtualDisk *disk) {
 } // namespace
 
 void DiskList(CCommandLine &cl) {
-    ServiceSession<IVirtualDisk> disk(cl, CLSID_VirtualDiskService);
+    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(cl, CLSID_VirtualDiskService, SinksLater{});
     // An older service has no IVirtualDisk2: it gets the basic listing. The
     // question is asked before the sink is connected.
     ComPtr<IVirtualDisk2> disk2;
     disk.As(&disk2);
-    EventConnection events = ConnectSink<CVirtualDiskEvents>(disk.Get());
+    disk.ConnectSinks();
     if (disk2)
         ListExtended(disk2.Get());
     else
