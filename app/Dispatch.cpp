@@ -4,6 +4,7 @@
 #include "app/Operations.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Help.h"
+#include "front_end/Operation.h"
 #include "front_end/Words.h"
 
 const OperationTable &Operations() {
@@ -17,7 +18,7 @@ const OperationTable &Operations() {
 void DispatchOperation(unsigned commandId, unsigned operationId, CCommandLine &cl) {
     const OperationRow *row = Operations().Find(commandId, operationId);
     if (row != nullptr && row->handler != nullptr) {
-        row->handler(cl);
+        row->handler(Operation(cl, *row));
         return;
     }
     switch (UnlistedPairBehaviour(commandId)) {
@@ -32,6 +33,6 @@ void DispatchOperation(unsigned commandId, unsigned operationId, CCommandLine &c
     }
 }
 
-void OperationNotAvailable(CCommandLine &) {
+void OperationNotAvailable(const Operation &) {
     throw LocalErrorException(MSG_OPERATION_NOT_AVAILABLE);
 }

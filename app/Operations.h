@@ -1,6 +1,7 @@
 // The operation table: one row per (command, operation) that cvcli knows,
-// carrying the handler that dispatch calls and the usage block that help
-// prints. Adding an operation is one row here and one handler in its family.
+// carrying the handler that dispatch calls, the switches the handler reads and
+// the usage block that help prints. Adding an operation is one row in its
+// family's Operations*.cpp and one handler in its family.
 #pragma once
 
 #include "front_end/CommandLine.h"
@@ -17,4 +18,4 @@ OperationRows SpaceOperations();          // spacemon, spacereclaimer, hidden
 OperationRows DataProtectionOperations(); // dataset, vsconfig, qrm_config, hyperv
 
 // The handler of operations that this version recognises but does not provide.
-void OperationNotAvailable(CCommandLine &cl);
+void OperationNotAvailable(const Operation &operation);

@@ -1,6 +1,7 @@
-// The operation rows (handler and usage block) of the LUN command (disk) and of the configuration report (sysconfig).
+// The operation rows (handler, switches and usage block) of the LUN command (disk) and of the configuration report (sysconfig).
 #include "app/Operations.h"
 
+#include "MessageIds.h"
 #include "commands/Handlers.h"
 #include "front_end/Help.h"
 #include "front_end/Switches.h"
@@ -17,7 +18,8 @@ constexpr OperationRow kRows[] = {
      OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] %s <LUNPath> %s <MountPoint> %s <Size> [%s {shared|dedicated}] "
      L"[%s <NodeMachineName> <InitiatorName> [...] | %s <NodeMachineName> <InitiatorgroupName> [...]] [%s {y|n}]\n",
-     {sw::m, sw::p, sw::d, sw::z, sw::dtype, sw::I, sw::IG, sw::rs},
+     {kMachineSwitch, RequiredSwitch(sw::p), RequiredSwitch(sw::d), RequiredSwitch(sw::z), OptionalSwitch(sw::dtype),
+      OptionalSwitch(sw::I), OptionalSwitch(sw::IG), OptionalSwitch(sw::rs)},
      {{L"Creates a LUN on a storage system, connects it to the host and mounts it at <MountPoint>.\n", nullptr},
       {kLunPathForm, nullptr},
       {L"%s Size of the LUN in MB; a GB or TB suffix may be given (10GB).\n", sw::z},
@@ -30,7 +32,8 @@ constexpr OperationRow kRows[] = {
      op::Delete,
      DiskDelete,
      L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>}\n",
-     {sw::m, sw::d, sw::p},
+     {kMachineSwitch, AlternativeSwitch(sw::d, SwitchKind::MountPoint, MSG_USAGE_MOUNT_POINT_OR_LUN_PATH),
+      AlternativeSwitch(sw::p, SwitchKind::Value, MSG_USAGE_MOUNT_POINT_OR_LUN_PATH)},
      {{L"Deletes a LUN, named by its mount point or by its LUN path.\n", nullptr}, {kLunPathForm, nullptr}},
      true},
     {cmd::Disk,
@@ -38,7 +41,8 @@ constexpr OperationRow kRows[] = {
      OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] %s <LUNPath> %s <MountPoint> [%s {shared|dedicated}] "
      L"[%s <NodeMachineName> <InitiatorName> [...] | %s <NodeMachineName> <InitiatorgroupName> [...]]\n",
-     {sw::m, sw::p, sw::d, sw::dtype, sw::I, sw::IG},
+     {kMachineSwitch, RequiredSwitch(sw::p), RequiredSwitch(sw::d), OptionalSwitch(sw::dtype), OptionalSwitch(sw::I),
+      OptionalSwitch(sw::IG)},
      {{L"Connects an existing LUN to the host and mounts it at <MountPoint>.\n", nullptr},
       {kLunPathForm, nullptr},
       {L"%s A shared LUN is a cluster disk; a dedicated LUN belongs to this host only.\n", sw::dtype}},
@@ -47,7 +51,8 @@ constexpr OperationRow kRows[] = {
      op::Disconnect,
      DiskDisconnect,
      L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>} [%s]\n",
-     {sw::m, sw::d, sw::p, sw::f},
+     {kMachineSwitch, AlternativeSwitch(sw::d, SwitchKind::MountPoint, MSG_USAGE_MOUNT_POINT_OR_LUN_PATH),
+      AlternativeSwitch(sw::p, SwitchKind::Value, MSG_USAGE_MOUNT_POINT_OR_LUN_PATH), OptionalSwitch(sw::f, SwitchKind::Flag)},
      {{L"Disconnects a LUN from the host, named by its mount point or by its LUN path.\n", nullptr},
       {kLunPathForm, nullptr},
       {L"%s The LUN is disconnected even if an application uses it. This feature should be used with caution.\n", sw::f}},
@@ -56,7 +61,10 @@ constexpr OperationRow kRows[] = {
      op::Expand,
      DiskExpand,
      L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>} %s <Size> [%s {y|n}]\n",
-     {sw::m, sw::d, sw::p, sw::z, sw::rs},
+     {kMachineSwitch, AlternativeSwitch(sw::d, SwitchKind::MountPoint, MSG_USAGE_MOUNT_POINT_OR_LUN_PATH),
+      AlternativeSwitch(sw::p, SwitchKind::Value, MSG_USAGE_MOUNT_POINT_OR_LUN_PATH),
+      RequiredSwitch(sw::z, SwitchKind::Value, MSG_USAGE_SIZE),
+      OptionalSwitch(sw::rs, SwitchKind::YesNo, MSG_USAGE_SPACE_RESERVATION)},
      {{L"Expands a LUN by <Size>, named by its mount point or by its LUN path.\n", nullptr},
       {kLunPathForm, nullptr},
       {L"%s Size to add, in MB; a GB or TB suffix may be given (10GB).\n", sw::z},
@@ -66,7 +74,7 @@ constexpr OperationRow kRows[] = {
      op::List,
      DiskList,
      L"%s %s %s [%s <MachineName>]\n",
-     {sw::m},
+     {kMachineSwitch},
      {{L"Lists the LUNs connected to the host and the initiator through which each is reached.\n", nullptr}},
      true},
     {cmd::Disk,
@@ -74,7 +82,7 @@ constexpr OperationRow kRows[] = {
      OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>} "
      L"{%s <NodeMachineName> <InitiatorName> [...] | %s <NodeMachineName> <InitiatorgroupName> [...]}\n",
-     {sw::m, sw::d, sw::p, sw::I, sw::IG},
+     {kMachineSwitch, AlternativeSwitch(sw::d), AlternativeSwitch(sw::p), AlternativeSwitch(sw::I), AlternativeSwitch(sw::IG)},
      {{L"Maps further initiators or initiator groups to a LUN.\n", nullptr}, {kLunPathForm, nullptr}},
      true},
     {cmd::Disk,
@@ -82,14 +90,15 @@ constexpr OperationRow kRows[] = {
      OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] {%s <MountPoint> | %s <LUNPath>} "
      L"{%s <NodeMachineName> <InitiatorName> [...] | %s <NodeMachineName> <InitiatorgroupName> [...]}\n",
-     {sw::m, sw::d, sw::p, sw::I, sw::IG},
+     {kMachineSwitch, AlternativeSwitch(sw::d), AlternativeSwitch(sw::p), AlternativeSwitch(sw::I), AlternativeSwitch(sw::IG)},
      {{L"Removes initiators or initiator groups from the mapping of a LUN.\n", nullptr}, {kLunPathForm, nullptr}},
      true},
     {cmd::Disk,
      op::AddMount,
      DiskAddMount,
      L"%s %s %s [%s <MachineName>] %s <VolumeName> %s <MountPoint> [%s]\n",
-     {sw::m, sw::vn, sw::mp, sw::create_folder},
+     {kMachineSwitch, RequiredSwitch(sw::vn, SwitchKind::Value, MSG_USAGE_VOLUME_NAME),
+      RequiredSwitch(sw::mp, SwitchKind::Value, MSG_USAGE_MOUNT_POINT), OptionalSwitch(sw::create_folder, SwitchKind::Flag)},
      {{L"Adds a mount point (a drive letter or an empty folder) to the volume of a connected LUN.\n", nullptr},
       {L"<VolumeName> is the Volume Name that the disk list operation prints.\n", nullptr},
       {L"%s Creates the folder of the mount point when it does not exist.\n", sw::create_folder}},
@@ -98,7 +107,8 @@ constexpr OperationRow kRows[] = {
      op::RemoveMount,
      DiskRemoveMount,
      L"%s %s %s [%s <MachineName>] %s <VolumeName> %s <MountPoint>\n",
-     {sw::m, sw::vn, sw::mp},
+     {kMachineSwitch, RequiredSwitch(sw::vn, SwitchKind::Value, MSG_USAGE_VOLUME_NAME),
+      RequiredSwitch(sw::mp, SwitchKind::Value, MSG_USAGE_MOUNT_POINT)},
      {{L"Removes a mount point from the volume of a connected LUN.\n", nullptr},
       {L"<VolumeName> is the Volume Name that the disk list operation prints.\n", nullptr}},
      true},
@@ -107,7 +117,7 @@ constexpr OperationRow kRows[] = {
      op::List,
      OperationNotAvailable,
      L"%s %s %s [%s <MachineName>] [%s <FileName>]\n",
-     {sw::m, sw::filename},
+     {kMachineSwitch, OptionalSwitch(sw::filename)},
      {{L"Reports the Corvane configuration of the host: version, cluster, drivers, FCP adapters and ports, iSCSI HBAs, "
        L"sessions and portals, NFS credentials, multipath and free drive letters.\n",
        nullptr},

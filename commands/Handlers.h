@@ -2,48 +2,48 @@
 // family declares its own handlers in its own block.
 #pragma once
 
-#include "front_end/CommandLine.h"
+#include "front_end/Operation.h"
 
 // disk
-void DiskList(CCommandLine &cl);
-void DiskDelete(CCommandLine &cl);
-void DiskDisconnect(CCommandLine &cl);
-void DiskExpand(CCommandLine &cl);
-void DiskAddMount(CCommandLine &cl);
-void DiskRemoveMount(CCommandLine &cl);
+void DiskList(const Operation &operation);
+void DiskDelete(const Operation &operation);
+void DiskDisconnect(const Operation &operation);
+void DiskExpand(const Operation &operation);
+void DiskAddMount(const Operation &operation);
+void DiskRemoveMount(const Operation &operation);
 
 // snap
-void SnapDelete(CCommandLine &cl);
-void SnapRename(CCommandLine &cl);
-void MirrorUpdate(CCommandLine &cl);
-void ListMirrors(CCommandLine &cl);
-void SnapCreate(CCommandLine &cl);
-void SnapList(CCommandLine &cl);
-void SnapMount(CCommandLine &cl);
-void SnapUnmount(CCommandLine &cl);
-void SnapshotRestore(CCommandLine &cl);
-void VolumeRestoreCheck(CCommandLine &cl);
-void VolumeRestore(CCommandLine &cl);
+void SnapDelete(const Operation &operation);
+void SnapRename(const Operation &operation);
+void MirrorUpdate(const Operation &operation);
+void ListMirrors(const Operation &operation);
+void SnapCreate(const Operation &operation);
+void SnapList(const Operation &operation);
+void SnapMount(const Operation &operation);
+void SnapUnmount(const Operation &operation);
+void SnapshotRestore(const Operation &operation);
+void VolumeRestoreCheck(const Operation &operation);
+void VolumeRestore(const Operation &operation);
 
 // iscsi_initiator, iscsi_target, fcp_initiator, preferredIP
-void IscsiInitiatorList(CCommandLine &cl);
-void IscsiInitiatorEstablishSession(CCommandLine &cl);
-void IscsiInitiatorTerminateSession(CCommandLine &cl);
-void IscsiTargetList(CCommandLine &cl);
-void IscsiTargetDisconnect(CCommandLine &cl);
-void FcpInitiatorList(CCommandLine &cl);
-void PreferredIpList(CCommandLine &cl);
-void PreferredIpSet(CCommandLine &cl);
-void PreferredIpDelete(CCommandLine &cl);
+void IscsiInitiatorList(const Operation &operation);
+void IscsiInitiatorEstablishSession(const Operation &operation);
+void IscsiInitiatorTerminateSession(const Operation &operation);
+void IscsiTargetList(const Operation &operation);
+void IscsiTargetDisconnect(const Operation &operation);
+void FcpInitiatorList(const Operation &operation);
+void PreferredIpList(const Operation &operation);
+void PreferredIpSet(const Operation &operation);
+void PreferredIpDelete(const Operation &operation);
 
 // igroup, transport_protocol
-void ListInitiatorGroups(CCommandLine &cl);
-void CreateInitiatorGroup(CCommandLine &cl);
-void RenameInitiatorGroup(CCommandLine &cl);
-void DeleteInitiatorGroup(CCommandLine &cl);
-void ListTransportProtocolSettings(CCommandLine &cl);
-void SetTransportProtocol(CCommandLine &cl);
-void DeleteTransportProtocolSetting(CCommandLine &cl);
+void ListInitiatorGroups(const Operation &operation);
+void CreateInitiatorGroup(const Operation &operation);
+void RenameInitiatorGroup(const Operation &operation);
+void DeleteInitiatorGroup(const Operation &operation);
+void ListTransportProtocolSettings(const Operation &operation);
+void SetTransportProtocol(const Operation &operation);
+void DeleteTransportProtocolSetting(const Operation &operation);
 
 // hyperv
-void HyperVList(CCommandLine &cl);
+void HyperVList(const Operation &operation);

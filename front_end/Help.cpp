@@ -144,10 +144,11 @@ void PrintOperationUsage(const OperationTable &operations, unsigned commandId, u
         return;
     const wchar_t *args[3 + 16] = {g_programName, CommandWord(commandId), OperationWord(operationId)};
     unsigned count = 3;
-    for (const wchar_t *word : usage->syntaxSwitches) {
-        if (word == nullptr)
+    for (const SwitchSpec &spec : usage->switches) {
+        if (spec.word == nullptr)
             break;
-        args[count++] = word;
+        if (spec.need != SwitchNeed::Hidden)
+            args[count++] = spec.word;
     }
     PrintFormat(usage->syntax, args, count);
     for (const UsageLine &line : usage->lines) {

@@ -10,6 +10,8 @@
 
 #include <windows.h>
 
+#include <stdexcept>
+
 enum class FailureOutput { Wide, Narrow };
 
 // `format` takes the system error (%d) and the HRESULT (%lx), in that order.
@@ -24,6 +26,8 @@ template <typename Body> void RunWithFailureLine(FailureOutput output, const cha
         throw;
     } catch (const AlertUserException &) {
         throw;
+    } catch (const std::logic_error &) {
+        throw; // a handler's own mistake, never a failure of the operation
     } catch (const LocalErrorException &e) {
         PrintFailureLine(output, format, e.SystemError(), lastHr);
     } catch (...) {

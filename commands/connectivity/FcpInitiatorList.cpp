@@ -21,7 +21,8 @@ using OwnedInitiatorList = OwnedRecord<InitiatorList, FreeInitiatorList>;
 
 } // namespace
 
-void FcpInitiatorList(CCommandLine &cl) {
+void FcpInitiatorList(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     ServiceSession<IFcp> fcp(cl, CLSID_VirtualDiskService);
     // The host whose initiators are asked for: this computer, whichever machine
     // runs the service (-m only chooses where the service object is created).

@@ -1,19 +1,16 @@
 // Renaming and deleting an initiator group.
-#include "MessageIds.h"
 #include "commands/Handlers.h"
 #include "commands/common/FailureLine.h"
-#include "commands/common/RequiredSwitch.h"
 #include "front_end/Console.h"
 #include "front_end/Switches.h"
-#include "front_end/Words.h"
 #include "service/ServiceSession.h"
 
 namespace {
 
-void DeleteGroup(const CCommandLine &cl, HRESULT &hr) {
-    const wchar_t *storageSystem = RequiredValue(cl, sw::f, cmd::IGroup, op::Delete, MSG_USAGE_STORAGE_SYSTEM);
-    const wchar_t *groupName = RequiredValue(cl, sw::ig, cmd::IGroup, op::Delete, MSG_USAGE_IGROUP_NAME);
-    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(cl, CLSID_VirtualDiskService, hr);
+void DeleteGroup(const Operation &operation, HRESULT &hr) {
+    const wchar_t *storageSystem = operation.Required(sw::f);
+    const wchar_t *groupName = operation.Required(sw::ig);
+    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(operation.cl, CLSID_VirtualDiskService, hr);
     Print(L"\nDeleting the Initiator group ...\n");
     hr = igroup->DeleteIGroup(storageSystem, groupName);
     if (hr != S_OK) {
@@ -23,11 +20,11 @@ void DeleteGroup(const CCommandLine &cl, HRESULT &hr) {
     }
 }
 
-void RenameGroup(const CCommandLine &cl, HRESULT &hr) {
-    const wchar_t *storageSystem = RequiredValue(cl, sw::f, cmd::IGroup, op::Rename, MSG_USAGE_STORAGE_SYSTEM);
-    const wchar_t *groupName = RequiredValue(cl, sw::ig, cmd::IGroup, op::Rename, MSG_USAGE_IGROUP_NAME);
-    const wchar_t *newName = RequiredValue(cl, sw::igNew, cmd::IGroup, op::Rename, MSG_USAGE_NEW_IGROUP_NAME);
-    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(cl, CLSID_VirtualDiskService, hr);
+void RenameGroup(const Operation &operation, HRESULT &hr) {
+    const wchar_t *storageSystem = operation.Required(sw::f);
+    const wchar_t *groupName = operation.Required(sw::ig);
+    const wchar_t *newName = operation.Required(sw::igNew);
+    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(operation.cl, CLSID_VirtualDiskService, hr);
     Print(L"\nRenaming the Initiator group ...\n");
     hr = igroup->RenameIGroup(storageSystem, groupName, newName);
     if (hr != S_OK) {
@@ -38,12 +35,12 @@ void RenameGroup(const CCommandLine &cl, HRESULT &hr) {
 
 } // namespace
 
-void DeleteInitiatorGroup(CCommandLine &cl) {
+void DeleteInitiatorGroup(const Operation &operation) {
     RunWithFailureLine(FailureOutput::Wide, "\nFailed to delete the Initiator group. Error code %d\t hr=0x%lxd\n\n",
-                       [&](HRESULT &hr) { DeleteGroup(cl, hr); });
+                       [&](HRESULT &hr) { DeleteGroup(operation, hr); });
 }
 
-void RenameInitiatorGroup(CCommandLine &cl) {
+void RenameInitiatorGroup(const Operation &operation) {
     RunWithFailureLine(FailureOutput::Wide, "\nFailed to rename the Initiator group. Error code %d\t hr=0x%lxd\n\n",
-                       [&](HRESULT &hr) { RenameGroup(cl, hr); });
+                       [&](HRESULT &hr) { RenameGroup(operation, hr); });
 }

@@ -1,14 +1,12 @@
 #include "MessageIds.h"
 #include "commands/Handlers.h"
 #include "commands/common/FailureLine.h"
-#include "commands/common/RequiredSwitch.h"
 #include "commands/connectivity/IGroupRecords.h"
 #include "commands/connectivity/LocalComputer.h"
 #include "front_end/Console.h"
 #include "front_end/Holders.h"
 #include "front_end/ListArgs.h"
 #include "front_end/Switches.h"
-#include "front_end/Words.h"
 #include "service/ServiceSession.h"
 
 #include <cwchar>
@@ -24,17 +22,17 @@ constexpr size_t kInitiatorNameChars = sizeof(InitiatorNameField::wszName) / siz
 
 // The -I pairs: at least one, every name fits its field (an empty name is a
 // name), all of one node.
-std::vector<InitiatorPair> InitiatorPairs(const CCommandLine &cl) {
+std::vector<InitiatorPair> InitiatorPairs(const Operation &operation) {
     std::vector<InitiatorPair> pairs;
-    GetInitiatorList(cl, pairs);
+    GetInitiatorList(operation.cl, pairs);
     if (pairs.empty())
-        throw OperationUsageException(cmd::IGroup, op::Create, MSG_USAGE_INITIATORS);
+        operation.Usage(sw::I);
     for (const InitiatorPair &pair : pairs)
         if (pair.NodeMachineName.size() > kNodeNameChars || pair.InitiatorName.size() > kInitiatorNameChars)
-            throw OperationUsageException(cmd::IGroup, op::Create, MSG_USAGE_INITIATORS);
+            operation.Usage(sw::I);
     for (size_t i = 1; i < pairs.size(); ++i)
         if (_wcsicmp(pairs[i].NodeMachineName.c_str(), pairs[i - 1].NodeMachineName.c_str()) != 0)
-            throw OperationUsageException(cmd::IGroup, op::Create, MSG_USAGE_SAME_NODE);
+            operation.UsageFault(MSG_USAGE_SAME_NODE);
     return pairs;
 }
 
@@ -51,14 +49,14 @@ CoTaskPtr<InitiatorNameField> InitiatorBlock(const std::vector<InitiatorPair> &p
     return names;
 }
 
-void CreateGroup(const CCommandLine &cl, HRESULT &hr) {
-    const std::vector<InitiatorPair> pairs = InitiatorPairs(cl);
-    const wchar_t *groupName = RequiredValue(cl, sw::ig, cmd::IGroup, op::Create, MSG_USAGE_IGROUP_NAME);
+void CreateGroup(const Operation &operation, HRESULT &hr) {
+    const std::vector<InitiatorPair> pairs = InitiatorPairs(operation);
+    const wchar_t *groupName = operation.Required(sw::ig);
     if (wcslen(groupName) > kGroupNameChars)
-        throw OperationUsageException(cmd::IGroup, op::Create, MSG_USAGE_IGROUP_NAME);
-    const wchar_t *storageSystem = RequiredValue(cl, sw::f, cmd::IGroup, op::Create, MSG_USAGE_STORAGE_SYSTEM);
+        operation.Usage(sw::ig);
+    const wchar_t *storageSystem = operation.Required(sw::f);
 
-    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(cl, CLSID_VirtualDiskService, hr);
+    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(operation.cl, CLSID_VirtualDiskService, hr);
 
     // Os type and group type stay 0: the storage system picks them.
     IGroupInfo group = {};
@@ -82,7 +80,7 @@ void CreateGroup(const CCommandLine &cl, HRESULT &hr) {
 
 } // namespace
 
-void CreateInitiatorGroup(CCommandLine &cl) {
+void CreateInitiatorGroup(const Operation &operation) {
     RunWithFailureLine(FailureOutput::Narrow, "\nFailed to create igroup. Error code %d\t hr=0x%lxd\n\n",
-                       [&](HRESULT &hr) { CreateGroup(cl, hr); });
+                       [&](HRESULT &hr) { CreateGroup(operation, hr); });
 }

@@ -1,11 +1,8 @@
-#include "MessageIds.h"
 #include "commands/Handlers.h"
 #include "commands/common/FailureLine.h"
-#include "commands/common/RequiredSwitch.h"
 #include "commands/connectivity/IGroupRecords.h"
 #include "front_end/Console.h"
 #include "front_end/Switches.h"
-#include "front_end/Words.h"
 #include "service/ServiceSession.h"
 
 void FreeIGroupList(IGroupList &list) {
@@ -45,9 +42,9 @@ void PrintGroup(const IGroupInfo &group) {
     }
 }
 
-void ListGroups(const CCommandLine &cl, HRESULT &hr) {
-    const wchar_t *storageSystem = RequiredValue(cl, sw::f, cmd::IGroup, op::List, MSG_USAGE_STORAGE_SYSTEM);
-    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(cl, CLSID_VirtualDiskService, hr);
+void ListGroups(const Operation &operation, HRESULT &hr) {
+    const wchar_t *storageSystem = operation.Required(sw::f);
+    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(operation.cl, CLSID_VirtualDiskService, hr);
     Print(L"\nListing the Initiator groups ...\n");
     OwnedIGroupList groups;
     hr = igroup->ListIGroups(storageSystem, groups.Out());
@@ -63,7 +60,7 @@ void ListGroups(const CCommandLine &cl, HRESULT &hr) {
 
 } // namespace
 
-void ListInitiatorGroups(CCommandLine &cl) {
+void ListInitiatorGroups(const Operation &operation) {
     RunWithFailureLine(FailureOutput::Wide, "\nFailed to list Initiator groups. Error code %d\t hr=0x%lxd\n\n",
-                       [&](HRESULT &hr) { ListGroups(cl, hr); });
+                       [&](HRESULT &hr) { ListGroups(operation, hr); });
 }

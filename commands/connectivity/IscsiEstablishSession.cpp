@@ -5,7 +5,6 @@
 
 #include "MessageIds.h"
 #include "commands/Handlers.h"
-#include "commands/common/RequiredSwitch.h"
 #include "commands/connectivity/IscsiRecords.h"
 #include "commands/connectivity/LocalComputer.h"
 #include "commands/connectivity/PasswordPrompt.h"
@@ -13,7 +12,6 @@
 #include "front_end/Holders.h"
 #include "front_end/Switches.h"
 #include "front_end/SystemLibraries.h"
-#include "front_end/Words.h"
 #include "service/OwnedRecord.h"
 #include "service/ProxySecurity.h"
 #include "service/ServiceSession.h"
@@ -33,10 +31,6 @@ struct SessionRequest {
     const wchar_t *chapPassword = nullptr; // null with -c and the name alone: asked for at the console
 };
 
-[[noreturn]] void Usage(unsigned messageId) {
-    throw OperationUsageException(cmd::IscsiInitiator, op::EstablishSession, messageId);
-}
-
 // 0 when the switch is absent, as the HBA and its portal default to the
 // host's software initiator.
 DWORD NumberOrZero(const CCommandLine &cl, const wchar_t *word) {
@@ -54,16 +48,17 @@ DWORD AddressOf(const std::wstring &text) {
     return static_cast<DWORD>(Ipv4AddressOf(narrow.c_str()));
 }
 
-SessionRequest ReadRequest(const CCommandLine &cl) {
+SessionRequest ReadRequest(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     SessionRequest request;
-    request.target = RequiredValue(cl, sw::t, cmd::IscsiInitiator, op::EstablishSession, MSG_USAGE_TARGET_NAME);
+    request.target = operation.Required(sw::t);
     const CCommandLine::ValueList *portal = cl.Values(sw::np);
     if (portal == nullptr || portal->size() != 2)
-        Usage(MSG_USAGE_TARGET_PORTAL);
+        operation.Usage(sw::np);
     if (cl.IsPresent(sw::c)) {
         const CCommandLine::ValueList &chap = *cl.Values(sw::c);
         if (chap.empty() || chap.size() > 2)
-            Usage(0); // no message of its own: the usage shows the CHAP name and password
+            operation.Usage(sw::c); // no message of its own: the usage shows the CHAP name and password
         request.chapName = chap[0].c_str();
         if (chap.size() == 2)
             request.chapPassword = chap[1].c_str();
@@ -157,8 +152,9 @@ wchar_t *CopyOrThrow(const wchar_t *text) {
 
 } // namespace
 
-void IscsiInitiatorEstablishSession(CCommandLine &cl) {
-    SessionRequest request = ReadRequest(cl);
+void IscsiInitiatorEstablishSession(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
+    SessionRequest request = ReadRequest(operation);
     // A secret typed at the prompt never shows in the process list, as one on
     // the command line does.
     const SecretText typedSecret = request.chapName != nullptr && request.chapPassword == nullptr ? ReadPassword() : SecretText();

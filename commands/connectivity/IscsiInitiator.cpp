@@ -3,28 +3,27 @@
 #include "commands/Handlers.h"
 #include "commands/connectivity/IscsiPrinters.h"
 #include "commands/connectivity/IscsiRecords.h"
-#include "front_end/Exceptions.h"
 #include "front_end/Switches.h"
 #include "front_end/Values.h"
-#include "front_end/Words.h"
 #include "service/OwnedRecord.h"
 #include "service/ServiceAccess.h"
 #include "service/ServiceSession.h"
 
-void IscsiInitiatorList(CCommandLine &cl) {
+void IscsiInitiatorList(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     // -s only selects the session list; it carries no value.
-    if (!cl.IsPresent(sw::s))
-        throw OperationUsageException(cmd::IscsiInitiator, op::List, MSG_USAGE_SESSIONS_SWITCH);
+    operation.RequiredFlag(sw::s);
     ServiceSession<IIscsi> iscsi(cl, CLSID_VirtualDiskService);
     OwnedConnectedTargets targets;
     CheckServiceCall(iscsi->ListSessions(cl.MachineName(), targets.Out()), MSG_LIST_SESSIONS_FAILED);
     PrintConnectedTargetList(L"\t", targets.Get());
 }
 
-void IscsiInitiatorTerminateSession(CCommandLine &cl) {
+void IscsiInitiatorTerminateSession(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     uint64_t first = 0, second = 0;
-    if (!ParseIdentifierPair(cl.SingleValue(sw::s), first, second))
-        throw OperationUsageException(cmd::IscsiInitiator, op::TerminateSession, MSG_USAGE_SESSION_ID);
+    if (!ParseIdentifierPair(operation.Required(sw::s), first, second))
+        operation.Usage(sw::s);
     ServiceSession<IIscsi> iscsi(cl, CLSID_VirtualDiskService);
     // The session is named by its id alone; everything else stays zero.
     CoTaskPtr<IscsiSession> owned = AllocateSentRecords<IscsiSession>(1, MSG_TERMINATE_SESSION_FAILED);

@@ -8,7 +8,6 @@
 #include "front_end/Exceptions.h"
 #include "front_end/Switches.h"
 #include "front_end/Values.h"
-#include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
 #include "service/ServiceSession.h"
@@ -23,10 +22,10 @@ bool Equal(const wchar_t *stored, const wchar_t *given) {
 
 // -f with one value that is a valid storage system name (the empty name holds
 // no forbidden character, so it passes).
-const wchar_t *StorageSystem(const CCommandLine &cl, unsigned operation) {
-    const wchar_t *name = cl.SingleValue(sw::f);
-    if (name == nullptr || !IsValidName(name))
-        throw OperationUsageException(cmd::PreferredIP, operation, MSG_USAGE_VALID_STORAGE_SYSTEM);
+const wchar_t *StorageSystem(const Operation &operation) {
+    const wchar_t *name = operation.Required(sw::f);
+    if (!IsValidName(name))
+        operation.Usage(sw::f);
     return name;
 }
 
@@ -35,7 +34,8 @@ using DiskService = ServiceSession<IVirtualDisk, CVirtualDiskEvents>;
 
 } // namespace
 
-void PreferredIpList(CCommandLine &cl) {
+void PreferredIpList(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     DiskService service(cl, CLSID_VirtualDiskService);
     OwnedPreferredIPTable table;
     CheckServiceCall(service->GetPreferredIPs(table.Out()), MSG_GET_PREFERRED_IPS_FAILED);
@@ -49,11 +49,10 @@ void PreferredIpList(CCommandLine &cl) {
     }
 }
 
-void PreferredIpSet(CCommandLine &cl) {
-    const wchar_t *storageSystem = StorageSystem(cl, op::Set);
-    const wchar_t *address = cl.SingleValue(sw::IP);
-    if (address == nullptr)
-        throw OperationUsageException(cmd::PreferredIP, op::Set, MSG_USAGE_PREFERRED_IP);
+void PreferredIpSet(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
+    const wchar_t *storageSystem = StorageSystem(operation);
+    const wchar_t *address = operation.Required(sw::IP);
     if (!IsValidIpv4Address(address))
         throw LocalErrorException(MSG_INVALID_IP_ADDRESS);
 
@@ -75,8 +74,9 @@ void PreferredIpSet(CCommandLine &cl) {
     CheckServiceCall(service->SetPreferredIPs(changed.Get()), MSG_SET_PREFERRED_IP_FAILED);
 }
 
-void PreferredIpDelete(CCommandLine &cl) {
-    const wchar_t *storageSystem = StorageSystem(cl, op::Delete);
+void PreferredIpDelete(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
+    const wchar_t *storageSystem = StorageSystem(operation);
 
     DiskService service(cl, CLSID_VirtualDiskService);
     OwnedPreferredIPTable table;

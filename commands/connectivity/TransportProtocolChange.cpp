@@ -2,13 +2,11 @@
 #include "MessageIds.h"
 #include "commands/Handlers.h"
 #include "commands/common/FailureLine.h"
-#include "commands/common/RequiredSwitch.h"
 #include "commands/connectivity/PasswordPrompt.h"
 #include "commands/connectivity/TransportProtocolRecords.h"
 #include "front_end/Console.h"
 #include "front_end/Holders.h"
 #include "front_end/Switches.h"
-#include "front_end/Words.h"
 #include "service/ProxySecurity.h"
 #include "service/ServiceSession.h"
 
@@ -20,15 +18,11 @@ constexpr DWORD kRpc = 1;
 constexpr DWORD kHttp = 2;
 constexpr DWORD kHttps = 3;
 
-[[noreturn]] void Usage(unsigned operationId, unsigned messageId) {
-    throw OperationUsageException(cmd::TransportProtocol, operationId, messageId);
-}
-
 // "#!Default#!SSProtocol" with -default, else the -f value.
-const wchar_t *EntryName(const CCommandLine &cl, unsigned operationId) {
-    if (cl.IsPresent(sw::default_))
+const wchar_t *EntryName(const Operation &operation) {
+    if (operation.cl.IsPresent(sw::default_))
         return kDefaultProtocolEntry;
-    return RequiredValue(cl, sw::f, cmd::TransportProtocol, operationId, MSG_USAGE_STORAGE_SYSTEM);
+    return operation.Required(sw::f);
 }
 
 struct ProtocolType {
@@ -38,14 +32,12 @@ struct ProtocolType {
 };
 constexpr ProtocolType kTypes[] = {{L"HTTP", kHttp, 80}, {L"HTTPS", kHttps, 443}, {L"RPC", kRpc, 0}};
 
-const ProtocolType &ReadType(const CCommandLine &cl) {
-    const wchar_t *word = cl.SingleValue(sw::type);
-    if (word == nullptr)
-        Usage(op::Set, MSG_USAGE_PROTOCOL_TYPE);
+const ProtocolType &ReadType(const Operation &operation) {
+    const wchar_t *word = operation.Required(sw::type);
     for (const ProtocolType &type : kTypes)
         if (_wcsicmp(word, type.word) == 0)
             return type;
-    Usage(op::Set, MSG_USAGE_INVALID_PROTOCOL_TYPE);
+    operation.UsageFault(MSG_USAGE_INVALID_PROTOCOL_TYPE);
 }
 
 // A given -port replaces the type's port with the number as _wtoi reads it:
@@ -61,17 +53,18 @@ SecretText ReadPasswordSwitch(const CCommandLine &cl) {
     return given != nullptr ? SecretText(given) : ReadPassword();
 }
 
-void SetProtocol(const CCommandLine &cl, HRESULT &hr) {
+void SetProtocol(const Operation &operation, HRESULT &hr) {
+    const CCommandLine &cl = operation.cl;
     ServiceSession<ITransportProtocol, CVirtualDiskEvents> protocols(cl, CLSID_VirtualDiskService, hr);
     OwnedProtocolRecord record;
 
     const bool isDefault = cl.IsPresent(sw::default_);
-    record.SetText(&TransportProtocolInfo::wszName, EntryName(cl, op::Set));
-    const ProtocolType &type = ReadType(cl);
+    record.SetText(&TransportProtocolInfo::wszName, EntryName(operation));
+    const ProtocolType &type = ReadType(operation);
     record.Get()->dwProtocolType = type.type;
     record.Get()->dwPort = ReadPort(cl, type.port);
     if (type.type != kRpc) {
-        const wchar_t *user = RequiredValue(cl, sw::user, cmd::TransportProtocol, op::Set, MSG_USAGE_USER_NAME);
+        const wchar_t *user = operation.Required(sw::user);
         record.SetText(&TransportProtocolInfo::wszUserName, user);
         const SecretText password = ReadPasswordSwitch(cl);
         record.SetText(&TransportProtocolInfo::wszPassword, password.Get());
@@ -91,9 +84,9 @@ void SetProtocol(const CCommandLine &cl, HRESULT &hr) {
     }
 }
 
-void DeleteProtocol(const CCommandLine &cl, HRESULT &hr) {
-    const wchar_t *entryName = EntryName(cl, op::Delete);
-    ServiceSession<ITransportProtocol, CVirtualDiskEvents> protocols(cl, CLSID_VirtualDiskService, hr);
+void DeleteProtocol(const Operation &operation, HRESULT &hr) {
+    const wchar_t *entryName = EntryName(operation);
+    ServiceSession<ITransportProtocol, CVirtualDiskEvents> protocols(operation.cl, CLSID_VirtualDiskService, hr);
     CoTaskPtr<wchar_t> name(CoTaskStrDup(entryName));
     if (name.Get() == nullptr)
         throw AlertUserException(MSG_DELETE_TRANSPORT_PROTOCOL_FAILED, E_OUTOFMEMORY);
@@ -103,12 +96,12 @@ void DeleteProtocol(const CCommandLine &cl, HRESULT &hr) {
 
 } // namespace
 
-void SetTransportProtocol(CCommandLine &cl) {
+void SetTransportProtocol(const Operation &operation) {
     RunWithFailureLine(FailureOutput::Wide, "\nFailed to set transport protocol. Error code %d\t hr=0x%lxd\n\n",
-                       [&](HRESULT &hr) { SetProtocol(cl, hr); });
+                       [&](HRESULT &hr) { SetProtocol(operation, hr); });
 }
 
-void DeleteTransportProtocolSetting(CCommandLine &cl) {
+void DeleteTransportProtocolSetting(const Operation &operation) {
     RunWithFailureLine(FailureOutput::Wide, "\nFailed to delete transport protocol. Error code %d\t hr=0x%lxd\n\n",
-                       [&](HRESULT &hr) { DeleteProtocol(cl, hr); });
+                       [&](HRESULT &hr) { DeleteProtocol(operation, hr); });
 }

@@ -93,7 +93,7 @@ void ListProtocols(const CCommandLine &cl, HRESULT &hr) {
 
 } // namespace
 
-void ListTransportProtocolSettings(CCommandLine &cl) {
+void ListTransportProtocolSettings(const Operation &operation) {
     RunWithFailureLine(FailureOutput::Wide, "\nFailed to list tranport protocol. Error code %d\t hr=0x%lxd\n\n",
-                       [&](HRESULT &hr) { ListProtocols(cl, hr); });
+                       [&](HRESULT &hr) { ListProtocols(operation.cl, hr); });
 }

@@ -3,16 +3,15 @@
 #include "commands/Handlers.h"
 #include "commands/disk/DiskTarget.h"
 #include "front_end/Exceptions.h"
-#include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
 #include "service/ServiceSession.h"
 
-void DiskDelete(CCommandLine &cl) {
-    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(cl, CLSID_VirtualDiskService);
+void DiskDelete(const Operation &operation) {
+    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(operation.cl, CLSID_VirtualDiskService);
 
     // A LUN path goes to the service as it is: a LUN that is not connected can be deleted too.
-    const DiskTarget target = NameDisk(disk.Get(), cl, op::Delete, PathLookup::SplitOnly, MSG_DELETE_DISK_FAILED);
+    const DiskTarget target = NameDisk(disk.Get(), operation, PathLookup::SplitOnly, MSG_DELETE_DISK_FAILED);
     if (target.namedByMountPoint && target.backedBySnapshot)
         throw AlertUserException(MSG_DELETE_SNAPSHOT_BACKED_DISK, kSnapshotBackedDisk);
 

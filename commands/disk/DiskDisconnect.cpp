@@ -4,16 +4,16 @@
 #include "commands/disk/DiskTarget.h"
 #include "front_end/Messages.h"
 #include "front_end/Switches.h"
-#include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
 #include "service/ServiceSession.h"
 
-void DiskDisconnect(CCommandLine &cl) {
+void DiskDisconnect(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(cl, CLSID_VirtualDiskService);
 
     // Only a LUN that is connected to this host can be disconnected from it.
-    const DiskTarget target = NameDisk(disk.Get(), cl, op::Disconnect, PathLookup::MustBeConnected);
+    const DiskTarget target = NameDisk(disk.Get(), operation, PathLookup::MustBeConnected);
 
     PrintLocalError(MSG_PLEASE_WAIT);
     // -f is a flag: its presence forces the disconnection, whatever follows it.

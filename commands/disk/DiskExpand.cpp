@@ -10,7 +10,6 @@
 #include "front_end/Holders.h"
 #include "front_end/Switches.h"
 #include "front_end/Values.h"
-#include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/OwnedRecord.h"
 #include "service/ServiceAccess.h"
@@ -32,11 +31,10 @@ constexpr uint64_t kSmallDiskMaxMB = 2097023;
 constexpr uint64_t kLargeDiskMaxMB = 16742279;
 constexpr DWORD kPartitionStyleMbr = 1;
 
-uint64_t ReadExpandSize(const CCommandLine &cl) {
-    const wchar_t *text = cl.SingleValue(sw::z);
+uint64_t ReadExpandSize(const Operation &operation) {
     uint64_t megabytes = 0;
-    if (text == nullptr || !ParseSizeMB(text, megabytes))
-        throw OperationUsageException(cmd::Disk, op::Expand, MSG_USAGE_SIZE);
+    if (!ParseSizeMB(operation.Required(sw::z), megabytes))
+        operation.Usage(sw::z);
     return megabytes;
 }
 
@@ -106,11 +104,12 @@ void ExpandAndShow(IVirtualDisk *disk, const DiskTarget &target, uint64_t size) 
 
 } // namespace
 
-void DiskExpand(CCommandLine &cl) {
+void DiskExpand(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(cl, CLSID_VirtualDiskService);
 
-    const uint64_t size = ReadExpandSize(cl);
-    const DiskTarget target = NameDisk(disk.Get(), cl, op::Expand, PathLookup::SplitOnly, MSG_EXPAND_DISK_FAILED);
+    const uint64_t size = ReadExpandSize(operation);
+    const DiskTarget target = NameDisk(disk.Get(), operation, PathLookup::SplitOnly, MSG_EXPAND_DISK_FAILED);
     if (target.namedByMountPoint && target.backedBySnapshot)
         throw AlertUserException(MSG_EXPAND_SNAPSHOT_BACKED_DISK, kSnapshotBackedDisk);
 
@@ -120,7 +119,7 @@ void DiskExpand(CCommandLine &cl) {
 
     const unsigned reservation = ReadSpaceReservation(cl);
     if (reservation == kReserveInvalid)
-        throw OperationUsageException(cmd::Disk, op::Expand, MSG_USAGE_SPACE_RESERVATION);
+        operation.Usage(sw::rs);
     // Without -rs the space for snapshot copies stays reserved.
     const bool keepReserve = reservation != kReserveNo;
     CheckExpandRange(size, limits, LargestExpansion(limits, keepReserve), keepReserve);

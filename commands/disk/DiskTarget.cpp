@@ -1,11 +1,9 @@
 #include "commands/disk/DiskTarget.h"
 
-#include "MessageIds.h"
 #include "commands/common/LunPath.h"
 #include "front_end/Console.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Switches.h"
-#include "front_end/Words.h"
 
 namespace {
 
@@ -17,13 +15,13 @@ void PrintIncorrectPathOfOperation() {
 
 } // namespace
 
-DiskTarget NameDisk(IVirtualDisk *disk, const CCommandLine &cl, unsigned operation, PathLookup lookup, unsigned badPathMessage) {
+DiskTarget NameDisk(IVirtualDisk *disk, const Operation &operation, PathLookup lookup, unsigned badPathMessage) {
     // A switch given twice, or without a value, names nothing: it counts as absent.
     std::wstring mountPoint;
-    const bool byMountPoint = cl.MountPointInto(mountPoint);
-    const wchar_t *path = cl.SingleValue(sw::p);
+    const bool byMountPoint = operation.cl.MountPointInto(mountPoint);
+    const wchar_t *path = operation.cl.SingleValue(sw::p);
     if (byMountPoint == (path != nullptr))
-        throw OperationUsageException(cmd::Disk, operation, MSG_USAGE_MOUNT_POINT_OR_LUN_PATH);
+        operation.Usage(sw::p);
 
     DiskTarget target;
     if (byMountPoint) {

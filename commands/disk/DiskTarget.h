@@ -3,7 +3,7 @@
 #pragma once
 
 #include "Corvane.h"
-#include "front_end/CommandLine.h"
+#include "front_end/Operation.h"
 
 #include <string>
 
@@ -24,8 +24,7 @@ enum class PathLookup {
     MustBeConnected // find the connected disk that has the path
 };
 
-// Throws the 5622 usage error of `operation` unless exactly one of -d and -p
+// The usage fault of the operation's -d and -p unless exactly one of them
 // carries a value. With SplitOnly, a path that cannot be split prints the
 // incorrect-path text and throws LocalErrorException(badPathMessage).
-DiskTarget NameDisk(IVirtualDisk *disk, const CCommandLine &cl, unsigned operation, PathLookup lookup,
-                    unsigned badPathMessage = 0);
+DiskTarget NameDisk(IVirtualDisk *disk, const Operation &operation, PathLookup lookup, unsigned badPathMessage = 0);

@@ -6,7 +6,6 @@
 #include "commands/snap/SnapListRecords.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Switches.h"
-#include "front_end/Words.h"
 #include "service/OwnedRecord.h"
 #include "service/ServiceAccess.h"
 #include "service/ServiceSession.h"
@@ -61,7 +60,8 @@ void ListMountPoints(ISnapShotDrives *drives, const CCommandLine::ValueList &val
 
 } // namespace
 
-void ListMirrors(CCommandLine &cl) {
+void ListMirrors(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     ServiceSession<ISnapShotMount> mount(cl, CLSID_SnapShotService);
     // Both interfaces come from the one object; a service without the second is unusable here.
     ComPtr<ISnapShotDrives> drives;
@@ -75,8 +75,5 @@ void ListMirrors(CCommandLine &cl) {
         ListOneMountPoint(mount.Get(), mountPoint);
         return;
     }
-    const CCommandLine::ValueList &values = cl.List(sw::D);
-    if (values.empty())
-        throw OperationUsageException(cmd::Snap, op::MirrorList, MSG_USAGE_MOUNT_POINT);
-    ListMountPoints(drives.Get(), values);
+    ListMountPoints(drives.Get(), operation.RequiredList(sw::D));
 }

@@ -1,10 +1,8 @@
 #include "MessageIds.h"
 #include "commands/Handlers.h"
-#include "commands/common/RequiredSwitch.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Messages.h"
 #include "front_end/Switches.h"
-#include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/OwnedRecord.h"
 #include "service/ServiceAccess.h"
@@ -46,19 +44,18 @@ SentSnapshotCreateRequest BuildRequest(const std::vector<std::wstring> &mountPoi
 
 } // namespace
 
-void SnapCreate(CCommandLine &cl) {
+void SnapCreate(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     // The service and its sink come first: a machine that cannot be reached is
     // reported before any mistake in the switches.
     ServiceSession<ISnapShotCreate, CSnapShotEvents> service(cl, CLSID_SnapShotService);
 
-    const std::wstring name = RequiredString(cl, sw::s, cmd::Snap, op::Create, MSG_USAGE_SNAPSHOT_NAME);
+    const std::wstring name = operation.RequiredText(sw::s);
     if (HasForbiddenSnapshotCharacter(name))
         throw LocalErrorException(MSG_INVALID_SNAPSHOT_NAME);
 
     // No start-up pause here: the debug delay is read by diagnostic builds only.
-    const CCommandLine::ValueList &mountPoints = cl.List(sw::D);
-    if (mountPoints.empty())
-        throw OperationUsageException(cmd::Snap, op::Create, MSG_USAGE_MOUNT_POINT);
+    const CCommandLine::ValueList &mountPoints = operation.RequiredList(sw::D);
 
     PrintLocalError(MSG_PLEASE_WAIT);
 

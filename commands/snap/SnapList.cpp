@@ -5,7 +5,6 @@
 #include "front_end/Console.h"
 #include "front_end/Exceptions.h"
 #include "front_end/Switches.h"
-#include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
 #include "service/ServiceSession.h"
@@ -61,7 +60,8 @@ void ListVolume(const std::wstring &storageSystem, const std::wstring &volume) {
 
 } // namespace
 
-void SnapList(CCommandLine &cl) {
+void SnapList(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     const wchar_t *machine = cl.MachineName();
     const std::wstring volume = cl.SingleValueOrEmpty(sw::sdv);
     const std::wstring storageSystem = cl.SingleValueOrEmpty(sw::sdf);
@@ -70,15 +70,12 @@ void SnapList(CCommandLine &cl) {
         return;
     }
     if (!volume.empty() || !storageSystem.empty())
-        throw OperationUsageException(cmd::Snap, op::List, MSG_USAGE_STORAGE_SYSTEM_AND_VOLUME);
+        operation.Usage(sw::sdf);
 
     std::wstring mountPoint;
     if (cl.MountPointInto(mountPoint)) {
         ListOneLun(machine, mountPoint);
         return;
     }
-    const CCommandLine::ValueList &mountPoints = cl.List(sw::D);
-    if (mountPoints.empty())
-        throw OperationUsageException(cmd::Snap, op::List, MSG_USAGE_MOUNT_POINT);
-    ListSeveralLuns(machine, mountPoints);
+    ListSeveralLuns(machine, operation.RequiredList(sw::D));
 }

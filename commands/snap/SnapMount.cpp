@@ -2,11 +2,9 @@
 // made visible as a LUN of its own, and taken away again.
 #include "MessageIds.h"
 #include "commands/Handlers.h"
-#include "commands/common/RequiredSwitch.h"
 #include "commands/snap/SnapMountNumber.h"
 #include "commands/snap/SnapMountRequest.h"
 #include "front_end/Switches.h"
-#include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
 #include "service/ServiceSession.h"
@@ -20,11 +18,11 @@ struct MountTarget {
     std::wstring liveMountPoint;
 };
 
-MountTarget RequireMountTarget(const CCommandLine &cl) {
+MountTarget RequireMountTarget(const Operation &operation) {
     MountTarget target;
-    target.snapshotName = RequiredString(cl, sw::s, cmd::Snap, op::Mount, MSG_USAGE_SNAPSHOT_NAME);
-    target.mountPoint = RequiredMountPoint(cl, cmd::Snap, op::Mount, MSG_USAGE_MOUNT_POINT);
-    target.liveMountPoint = RequiredString(cl, sw::k, cmd::Snap, op::Mount, MSG_USAGE_LIVE_MOUNT_POINT);
+    target.snapshotName = operation.RequiredText(sw::s);
+    target.mountPoint = operation.RequiredMountPoint();
+    target.liveMountPoint = operation.RequiredText(sw::k);
     return target;
 }
 
@@ -37,9 +35,10 @@ const wchar_t *LiveMachine(const CCommandLine &cl) {
 
 // The older mount knows neither Reflexa volumes nor the try-drive flag: every
 // switch beyond the machines, the snapshot and the two mount points is ignored.
-void MountOld(CCommandLine &cl) {
+void MountOld(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     ServiceSession<ISnapShotInfo, CSnapShotEvents> info(cl, CLSID_SnapShotService);
-    const MountTarget target = RequireMountTarget(cl);
+    const MountTarget target = RequireMountTarget(operation);
     const SnapRequestString liveMachine(LiveMachine(cl), MSG_MOUNT_SNAPSHOT_FAILED);
     PrintSnapWaitMessage();
     const SnapRequestString liveMountPoint(target.liveMountPoint, MSG_MOUNT_SNAPSHOT_FAILED);
@@ -51,14 +50,15 @@ void MountOld(CCommandLine &cl) {
 
 } // namespace
 
-void SnapMount(CCommandLine &cl) {
+void SnapMount(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     if (cl.IsPresent(sw::old)) {
-        MountOld(cl);
+        MountOld(operation);
         return;
     }
     // Both sinks: progress lines and, for a Reflexa volume, the mirror lines.
     ServiceSession<ISnapShotMount, CSnapShotEvents, CSnapShotEvents2> mount(cl, CLSID_SnapShotService);
-    const MountTarget target = RequireMountTarget(cl);
+    const MountTarget target = RequireMountTarget(operation);
     const SnapRequestString liveMachine(LiveMachine(cl), MSG_MOUNT_SNAPSHOT_FAILED);
     // Which volume is mounted is the service's choice from these; any
     // combination is passed on as given, a missing one as null.
@@ -76,10 +76,10 @@ void SnapMount(CCommandLine &cl) {
                      MSG_MOUNT_SNAPSHOT_FAILED);
 }
 
-void SnapUnmount(CCommandLine &cl) {
+void SnapUnmount(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     ServiceSession<ISnapShotManage, CSnapShotEvents> manage(cl, CLSID_SnapShotService);
-    const SnapRequestString mountPoint(RequiredMountPoint(cl, cmd::Snap, op::Unmount, MSG_USAGE_MOUNT_POINT),
-                                       MSG_UNMOUNT_SNAPSHOT_FAILED);
+    const SnapRequestString mountPoint(operation.RequiredMountPoint(), MSG_UNMOUNT_SNAPSHOT_FAILED);
     const SnapRequestString reserved(L"", MSG_UNMOUNT_SNAPSHOT_FAILED);
     PrintSnapWaitMessage();
     // A forced unmount goes ahead even while an application holds the disk.

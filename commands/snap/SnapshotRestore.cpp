@@ -3,28 +3,25 @@
 // are not connected).
 #include "MessageIds.h"
 #include "commands/Handlers.h"
-#include "commands/common/RequiredSwitch.h"
 #include "commands/snap/SnapMountRequest.h"
 #include "commands/snap/VolumeRestore.h"
 #include "front_end/Switches.h"
-#include "front_end/Words.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
 #include "service/ServiceSession.h"
 
-void SnapshotRestore(CCommandLine &cl) {
-    ServiceSession<ISnapShotManage, CSnapShotEvents> manage(cl, CLSID_SnapShotService);
-    const SnapRequestString snapshotName(RequiredString(cl, sw::s, cmd::Snap, op::Restore, MSG_USAGE_SNAPSHOT_NAME),
-                                         MSG_RESTORE_SNAPSHOT_FAILED);
-    const SnapRequestString mountPoint(RequiredMountPoint(cl, cmd::Snap, op::Restore, MSG_USAGE_MOUNT_POINT),
-                                       MSG_RESTORE_SNAPSHOT_FAILED);
+void SnapshotRestore(const Operation &operation) {
+    ServiceSession<ISnapShotManage, CSnapShotEvents> manage(operation.cl, CLSID_SnapShotService);
+    const SnapRequestString snapshotName(operation.RequiredText(sw::s), MSG_RESTORE_SNAPSHOT_FAILED);
+    const SnapRequestString mountPoint(operation.RequiredMountPoint(), MSG_RESTORE_SNAPSHOT_FAILED);
     PrintSnapWaitMessage();
     CheckServiceCall(manage->RestoreSnapshot(mountPoint.Get(), snapshotName.Get()), MSG_RESTORE_SNAPSHOT_FAILED);
 }
 
-void VolumeRestore(CCommandLine &cl) {
+void VolumeRestore(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     ServiceSession<ISnapShotVolumeRestore> restore(cl, CLSID_SnapShotService);
-    const VolumeRestoreTarget target = RequireVolumeRestoreTarget(cl, op::RestoreVolume);
+    const VolumeRestoreTarget target = RequireVolumeRestoreTarget(operation);
     // Forced, the service restores past newer snapshot copies and non-LUN files.
     const boolean force = cl.IsPresent(sw::force) ? TRUE : FALSE;
     CheckServiceCall(restore->RestoreVolume(target.storageSystem.Get(), target.volume.Get(), target.snapshotName.Get(), force),

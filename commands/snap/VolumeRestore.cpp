@@ -1,18 +1,14 @@
 #include "commands/snap/VolumeRestore.h"
 
 #include "MessageIds.h"
-#include "commands/common/RequiredSwitch.h"
 #include "front_end/Switches.h"
-#include "front_end/Words.h"
 
-VolumeRestoreTarget RequireVolumeRestoreTarget(const CCommandLine &cl, unsigned operationId) {
+VolumeRestoreTarget RequireVolumeRestoreTarget(const Operation &operation) {
     // Each member is built in declaration order, so the switches are checked
     // -f, -volume, -s.
-    return {
-        SnapRequestString(RequiredString(cl, sw::f, cmd::Snap, operationId, MSG_USAGE_STORAGE_SYSTEM), MSG_VOLUME_RESTORE_FAILED),
-        SnapRequestString(RequiredString(cl, sw::volume, cmd::Snap, operationId, MSG_USAGE_STORAGE_VOLUME),
-                          MSG_VOLUME_RESTORE_FAILED),
-        SnapRequestString(RequiredString(cl, sw::s, cmd::Snap, operationId, MSG_USAGE_SNAPSHOT_NAME), MSG_VOLUME_RESTORE_FAILED)};
+    return {SnapRequestString(operation.RequiredText(sw::f), MSG_VOLUME_RESTORE_FAILED),
+            SnapRequestString(operation.RequiredText(sw::volume), MSG_VOLUME_RESTORE_FAILED),
+            SnapRequestString(operation.RequiredText(sw::s), MSG_VOLUME_RESTORE_FAILED)};
 }
 
 void FreeNewerSnapshotList(NewerSnapshotList &list) {

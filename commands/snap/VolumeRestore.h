@@ -4,7 +4,7 @@
 
 #include "Corvane.h"
 #include "commands/snap/SnapMountRequest.h"
-#include "front_end/CommandLine.h"
+#include "front_end/Operation.h"
 #include "service/OwnedRecord.h"
 
 // -f, -volume and -s, checked in this order, as private copies.
@@ -13,7 +13,7 @@ struct VolumeRestoreTarget {
     SnapRequestString volume;
     SnapRequestString snapshotName;
 };
-VolumeRestoreTarget RequireVolumeRestoreTarget(const CCommandLine &cl, unsigned operationId);
+VolumeRestoreTarget RequireVolumeRestoreTarget(const Operation &operation);
 
 void FreeNewerSnapshotList(NewerSnapshotList &list);
 void FreeNonLunFileList(NonLunFileList &list);

@@ -6,7 +6,6 @@
 #include "commands/Handlers.h"
 #include "commands/snap/VolumeRestore.h"
 #include "front_end/Console.h"
-#include "front_end/Words.h"
 #include "service/ServiceAccess.h"
 #include "service/ServiceSession.h"
 
@@ -63,9 +62,9 @@ void PrintNewerSnapshots(const NewerSnapshotList &newer) {
 
 } // namespace
 
-void VolumeRestoreCheck(CCommandLine &cl) {
-    ServiceSession<ISnapShotVolumeRestore> restore(cl, CLSID_SnapShotService);
-    const VolumeRestoreTarget target = RequireVolumeRestoreTarget(cl, op::RestoreVolumeCheck);
+void VolumeRestoreCheck(const Operation &operation) {
+    ServiceSession<ISnapShotVolumeRestore> restore(operation.cl, CLSID_SnapShotService);
+    const VolumeRestoreTarget target = RequireVolumeRestoreTarget(operation);
     OwnedNewerSnapshotList newer;
     OwnedNonLunFileList files;
     MirrorDestinationState mirror = {};

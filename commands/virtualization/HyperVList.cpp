@@ -111,7 +111,8 @@ void PrintMachine(const VirtualMachineInfo &machine, bool detail) {
 
 } // namespace
 
-void HyperVList(CCommandLine &cl) {
+void HyperVList(const Operation &operation) {
+    const CCommandLine &cl = operation.cl;
     const bool detail = cl.IsPresent(sw::detail);
     ServiceSession<IHyperV> hyperV(cl, CLSID_HyperVService);
     OwnedVirtualMachineList machines;

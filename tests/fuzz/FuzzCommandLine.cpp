@@ -51,12 +51,9 @@ public:
         std::set<std::wstring> switches;
         for (unsigned i = 0; i < Operations().Count(); ++i) {
             const OperationRow &usage = Operations().At(i);
-            for (const wchar_t *word : usage.syntaxSwitches)
-                if (word != nullptr)
-                    switches.insert(word);
-            for (const UsageLine &line : usage.lines)
-                if (line.format != nullptr && line.switchWord != nullptr)
-                    switches.insert(line.switchWord);
+            for (const SwitchSpec &spec : usage.switches)
+                if (spec.word != nullptr)
+                    switches.insert(spec.word);
         }
         m_switches.assign(switches.begin(), switches.end());
         m_values = {L"",

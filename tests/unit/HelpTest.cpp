@@ -2,13 +2,11 @@
 #include "app/Operations.h"
 #include "front_end/Console.h"
 #include "front_end/Process.h"
-#include "front_end/Switches.h"
 #include "front_end/Words.h"
 
 #include <gtest/gtest.h>
 
 #include <cwchar>
-#include <set>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -35,24 +33,6 @@ private:
     std::wstring out_;
     wchar_t savedName_[_MAX_FNAME] = {};
 };
-
-unsigned CountConversions(const wchar_t *format, bool *stray) {
-    unsigned count = 0;
-    for (const wchar_t *p = format; *p != L'\0'; ++p) {
-        if (p[0] != L'%')
-            continue;
-        if (p[1] == L's')
-            ++count;
-        else if (p[1] != L'%')
-            *stray = true;
-        ++p;
-    }
-    return count;
-}
-
-std::wstring FirstLine(const std::wstring &text) {
-    return text.substr(0, text.find(L'\n') + 1);
-}
 
 // The general usage, the snap, hidden and fcp_initiator lists and the program
 // name at every level are compared literally by the end-to-end cases
@@ -138,106 +118,35 @@ TEST_F(HelpTest, DatasetOperationsComeInThreeColumns) {
     EXPECT_EQ(words.back(), L"get_backup_version_info");
 }
 
-// Formats are filled by position: one "%s" too many or too few shifts every
-// word after it, and any other conversion would read a missing argument.
-TEST_F(HelpTest, UsageFormatsMatchTheirSwitches) {
-    for (unsigned i = 0; i < Operations().Count(); ++i) {
-        const OperationRow &usage = Operations().At(i);
-        const std::wstring where = std::wstring(CommandWord(usage.command)) + L" " + OperationWord(usage.operation);
-        unsigned switches = 0;
-        while (switches < 16 && usage.syntaxSwitches[switches] != nullptr)
-            ++switches;
-        bool stray = false;
-        EXPECT_EQ(CountConversions(usage.syntax, &stray), 3 + switches) << where.c_str();
-        EXPECT_EQ(std::wstring(usage.syntax).rfind(L"%s %s %s ", 0), 0u) << where.c_str();
-        EXPECT_EQ(std::wstring(usage.syntax).back(), L'\n') << where.c_str();
-        EXPECT_NE(usage.lines[0].format, nullptr) << "no description: " << where.c_str();
-        for (const UsageLine &line : usage.lines) {
-            if (line.format == nullptr)
-                break;
-            EXPECT_EQ(CountConversions(line.format, &stray), line.switchWord != nullptr ? 1u : 0u) << where.c_str();
-            EXPECT_EQ(std::wstring(line.format).back(), L'\n') << where.c_str();
-        }
-        EXPECT_FALSE(stray) << "a conversion other than %s: " << where.c_str();
-    }
-}
-
-TEST_F(HelpTest, UsageSwitchesAreKnownSwitchWords) {
-    std::set<std::wstring> known(std::begin(sw::kAll), std::end(sw::kAll));
-    for (unsigned i = 0; i < Operations().Count(); ++i) {
-        const OperationRow &usage = Operations().At(i);
-        for (const wchar_t *word : usage.syntaxSwitches) {
-            if (word != nullptr) {
-                EXPECT_EQ(known.count(word), 1u) << OperationWord(usage.operation) << ": " << word;
-            }
-        }
-        for (const UsageLine &line : usage.lines) {
-            if (line.format != nullptr && line.switchWord != nullptr) {
-                EXPECT_EQ(known.count(line.switchWord), 1u) << OperationWord(usage.operation) << ": " << line.switchWord;
-            }
-        }
-    }
-}
-
-// An operation that takes the machine switch ends with the local-machine line.
-// snap mount says it in its own words; mirror_list takes -m without showing it.
-TEST_F(HelpTest, MachineLineFollowsTheMachineSwitch) {
-    for (unsigned i = 0; i < Operations().Count(); ++i) {
-        const OperationRow &usage = Operations().At(i);
-        if (usage.command == cmd::Snap && (usage.operation == op::Mount || usage.operation == op::MirrorList))
-            continue;
-        bool takesMachine = false;
-        for (const wchar_t *word : usage.syntaxSwitches)
-            takesMachine = takesMachine || (word != nullptr && wcscmp(word, sw::m) == 0);
-        EXPECT_EQ(usage.machineLine, takesMachine) << CommandWord(usage.command) << " " << OperationWord(usage.operation);
-    }
-}
-
-constexpr const wchar_t *kLocal = L"If the machine name is not specified the command is executed on a local machine.\n";
-
 // The usage of every operation that can fail on its switches is compared
-// literally by the end-to-end cases; these are the ones that cannot.
-TEST_F(HelpTest, QuotedBlocksPrintExactly) {
+// literally by the end-to-end cases; these are the ones that cannot, and pairs
+// without a row, which print nothing.
+TEST_F(HelpTest, OperationUsageTexts) {
+    const std::wstring local = L"If the machine name is not specified the command is executed on a local machine.\n";
     const struct {
-        unsigned command;
-        unsigned operation;
+        unsigned command, operation;
         std::wstring expected;
     } cases[] = {
         {cmd::HyperV, op::List,
-         std::wstring(L"cvcli hyperv list [-m <MachineName>] [-detail]\n"
-                      L"Lists all Hyper-V virtual machines and their attributes.\n"
-                      L"If the Hyper-V virtual machine VHDs are configured on Talvex LUNs, -detail switch will provide "
-                      L"the LUN details.\n") +
-             kLocal},
+         L"cvcli hyperv list [-m <MachineName>] [-detail]\nLists all Hyper-V virtual machines and their attributes.\n"
+         L"If the Hyper-V virtual machine VHDs are configured on Talvex LUNs, -detail switch will provide the LUN details.\n" +
+             local},
+        {cmd::FcpInitiator, op::List,
+         L"cvcli fcp_initiator list [-m MachineName]\nLists the Fibre Channel (FCP) initiators of the host.\n" + local},
+        {cmd::PreferredIP, op::List,
+         L"cvcli preferredIP list [-m MachineName]\nLists the preferred IP address of each storage system.\n" + local},
+        {cmd::TransportProtocol, op::List,
+         L"cvcli transport_protocol list [-m MachineName]\nLists the default transport protocol and the protocol of each "
+         L"storage system.\n" +
+             local},
+        {cmd::Snap, op::Start, L""},
+        {cmd::Help, op::List, L""},
+        {cmd::FcpInitiator, op::Create, L""},
+        {cmd::None, op::None, L""},
     };
     for (const auto &c : cases) {
         PrintOperationUsage(Operations(), c.command, c.operation);
-        EXPECT_EQ(Take(), c.expected) << OperationWord(c.operation);
-    }
-}
-
-TEST_F(HelpTest, QuotedSyntaxLines) {
-    const struct {
-        unsigned command;
-        unsigned operation;
-        const wchar_t *expected;
-    } cases[] = {
-        {cmd::FcpInitiator, op::List, L"cvcli fcp_initiator list [-m MachineName]\n"},
-        {cmd::PreferredIP, op::List, L"cvcli preferredIP list [-m MachineName]\n"},
-        {cmd::TransportProtocol, op::List, L"cvcli transport_protocol list [-m MachineName]\n"},
-    };
-    for (const auto &c : cases) {
-        PrintOperationUsage(Operations(), c.command, c.operation);
-        EXPECT_EQ(FirstLine(Take()), c.expected) << OperationWord(c.operation);
-    }
-}
-
-TEST_F(HelpTest, PairWithoutUsagePrintsNothing) {
-    const std::pair<unsigned, unsigned> cases[] = {
-        {cmd::Snap, op::Start}, {cmd::Help, op::List}, {cmd::FcpInitiator, op::Create}, {cmd::None, op::None}};
-    for (const auto &c : cases) {
-        PrintOperationUsage(Operations(), c.first, c.second);
-        EXPECT_EQ(Take(), L"") << c.first << "/" << c.second;
+        EXPECT_EQ(Take(), c.expected) << c.command << "/" << c.operation;
     }
 }
 
