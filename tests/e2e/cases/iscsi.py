@@ -148,6 +148,7 @@ LIST_CASES = [
          check=sent("IIscsi.ListSessions", machineName=None)),
     Case("list: no sessions", LIST, "\t0 connected iSCSI target(s):\n" + completion(), S_OK, calls=["IIscsi.ListSessions"]),
     Case("list: -s with a value still lists", LIST + ["all"], same_as="list: no sessions"),
+    Case("list: an empty machine name is this one", LIST + ["-m", ""], same_as="list: no sessions"),
     Case("list: an HBA of another initiator type is not shown", LIST, listing_without(BITS[4][3]) + completion(), S_OK,
          scenario=listed([dict(FULL_TARGETS[0], pSessions=[dict(SESSION1, dwInitiatorType=2),
                                                            FULL_TARGETS[0]["pSessions"][1]]), FULL_TARGETS[1]])),
