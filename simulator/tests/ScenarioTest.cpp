@@ -129,18 +129,6 @@ TEST(ScenarioParse, ReadsSettingsAndResponses) {
 
 const char kTwoResponses[] = R"({"methods": {"IDisk.Get": [{"result": 1}, {"result": 2}]}})";
 
-TEST(ScenarioEngine, WalksTheListAndRepeatsTheLastResponse) {
-    Engine engine(TestCatalog());
-    engine.Load(kTwoResponses);
-    ResponsePositions object;
-    EXPECT_EQ(engine.Next("IDisk.Get", object).result, 1);
-    EXPECT_EQ(engine.Next("IDisk.Get", object).result, 2);
-    EXPECT_EQ(engine.Next("IDisk.Get", object).result, 2);
-    Response unscripted = engine.Next("IDisk.Delete", object);
-    EXPECT_EQ(unscripted.result, S_OK);
-    EXPECT_EQ(unscripted.index, -1);
-}
-
 // Clients that run at the same time each walk the list from its start; a
 // changed scenario sends every object back to the start of the new one.
 TEST(ScenarioEngine, KeepsOnePositionPerObjectUntilTheTextChanges) {

@@ -82,16 +82,4 @@ TEST(ValuesTest, Paths) {
     EXPECT_FALSE(HasValidPathCharacters(nullptr));
 }
 
-TEST(ValuesTest, IdentifierPair) {
-    uint64_t a = 0, b = 0;
-    EXPECT_TRUE(ParseIdentifierPair(L"0xffffffff12345678-0x4000013700000002", a, b));
-    EXPECT_EQ(a, 0xffffffff12345678ull);
-    EXPECT_EQ(b, 0x4000013700000002ull);
-    EXPECT_TRUE(ParseIdentifierPair(L"0x1-0x2trailing", a, b));
-    EXPECT_FALSE(ParseIdentifierPair(L"1-0x2", a, b));
-    EXPECT_FALSE(ParseIdentifierPair(L"0x1-2", a, b));
-    EXPECT_FALSE(ParseIdentifierPair(L"0x1", a, b));
-    EXPECT_FALSE(ParseIdentifierPair(L"", a, b));
-}
-
 } // namespace

@@ -311,9 +311,12 @@ TERMINATE_CASES = [
 ] + refusals("terminate", TERMINATE, "IIscsi.TerminateSession", MSG_TERMINATE_SESSION_FAILED) \
   + usage_cases("terminate: session id", ["iscsi_initiator", "terminate_session"], TERMINATE_USAGE, [
     (what, argv, 5637) for what, argv in [
-        # The parser's other faults are the unit tests' business.
         ("missing", []), ("without a value", ["-s"]), ("given twice", ["-s", "0x1-0x2", "-s", "0x1-0x2"]),
-        ("with an empty second half", ["-s", "0x1-"]), ("not hexadecimal", ["-s", "0xzz-0x1"]), ("empty", ["-s", ""])]])
+        ("with an empty second half", ["-s", "0x1-"]), ("not hexadecimal", ["-s", "0xzz-0x1"]), ("empty", ["-s", ""]),
+        ("without 0x before the first half", ["-s", "1-0x2"]), ("without 0x before the second", ["-s", "0x1-2"]),
+        ("without a second half", ["-s", "0x1"])]]) + [
+    Case("terminate: text after the id is left unread", TERMINATE[:3] + ["0x1-0x2trailing"], completion(), S_OK,
+         check=sent("IIscsi.TerminateSession", session=dict(TERMINATED, ullSessionId1=1, ullSessionId2=2)))]
 
 # iscsi_target list and disconnect
 
