@@ -3,14 +3,13 @@
 import copy
 
 from harness import password_digest, E_INVALIDARG, S_OK, Case, alert, completion
-from cases.host_common import (E_ACCESSDENIED, LOCAL, MSG_SERVICE_UNAVAILABLE, failing, local_error, no_password,
-                               nothing_created, refusals, requests, sent, usage_cases)
+from cases.host_common import (E_ACCESSDENIED, E_NOINTERFACE, LOCAL, MSG_SERVICE_UNAVAILABLE, failing, local_error,
+                               no_password, nothing_created, refusals, requests, sent, usage_cases)
 
 MSG_MULTI_SESSION_QUERY_FAILED = 5368
 MSG_LIST_TARGETS_FAILED, MSG_LIST_SESSIONS_FAILED = 5378, 5380
 MSG_ESTABLISH_SESSION_FAILED, MSG_TERMINATE_SESSION_FAILED, MSG_DISCONNECT_TARGET_FAILED = 5387, 5388, 5389
 MSG_SESSION_EXISTS, MSG_MULTIPLE_SESSIONS_NOT_SUPPORTED = 6016, 6017
-E_NOINTERFACE = 0x80004002
 
 LIST_USAGE = (
     "cvcli iscsi_initiator list [-m <MachineName>] -s\n"
