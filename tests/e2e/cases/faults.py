@@ -67,9 +67,10 @@ CASES = [
     # An error object with an empty description: the message and the separator, nothing after them.
     Case("an empty description", ["disk", "list"], alert(5362, 0x80004005, description=""), 0x80004005,
          scenario=listing(result="E_FAIL", errorDescription="")),
-    Case("a description with runs of CRs before its line ends", ["disk", "list"],
-         alert(5362, 0x80004005, description="first line\nsecond line"), 0x80004005,
-         scenario=listing(result="E_FAIL", errorDescription="first line\r\r\nsecond line\r\r\r")),
+    # Each run of CRs before a line end gives way to the one CR LF; a CR that no LF follows stays, each one of a run.
+    Case("a description with runs of CRs before its line ends and CRs of its own", ["disk", "list"],
+         alert(5362, 0x80004005, description="first line\nsecond\rline x\r\ry"), 0x80004005,
+         scenario=listing(result="E_FAIL", errorDescription="first line\r\r\nsecond\rline x\r\ry\r\r\r")),
 ] + [
     Case("a description longer than the alert's text, " + what, ["disk", "list"], status=0x80004005,
          scenario=listing(result="E_FAIL", errorDescription=long_description(cut)), check=cut_on_a_character(units))
