@@ -66,11 +66,12 @@ CASES = [
          scenario=listing(result="E_FAIL", errorDescription="first line\nsecond line\r\nthird line")),
     # An error object with an empty description: the message and the separator, nothing after them.
     Case("an empty description", ["disk", "list"], alert(5362, 0x80004005, description=""), 0x80004005,
-         scenario=listing(result="E_FAIL", errorDescription="")),
+         scenario=listing(result=0x80004005, errorDescription="")),  # a result as an unsigned number
     # Each run of CRs before a line end gives way to the one CR LF; a CR that no LF follows stays, each one of a run.
+    # (The result as a signed number, as the service's runtime has it.)
     Case("a description with runs of CRs before its line ends and CRs of its own", ["disk", "list"],
          alert(5362, 0x80004005, description="first line\nsecond\rline x\r\ry"), 0x80004005,
-         scenario=listing(result="E_FAIL", errorDescription="first line\r\r\nsecond\rline x\r\ry\r\r\r")),
+         scenario=listing(result=-0x7FFFBFFB, errorDescription="first line\r\r\nsecond\rline x\r\ry\r\r\r")),
 ] + [
     Case("a description longer than the alert's text, " + what, ["disk", "list"], status=0x80004005,
          scenario=listing(result="E_FAIL", errorDescription=long_description(cut)), check=cut_on_a_character(units))
