@@ -92,55 +92,24 @@ TEST(Records, RefusesWrongValuesWithTheirPath) {
     }
 }
 
-// The hostile shapes a response can ask for, by the key of the array.
-TEST(Records, ShapesTheNamedArray) {
-    struct Case {
-        const char *shapes;
-        unsigned long mountPoints;
-        bool mountArray;
-        const wchar_t *firstMountPoint;
-        unsigned long inner;
-        bool innerArray;
-        const wchar_t *firstInnerText;
-    } cases[] = {
-        {R"({})", 2, true, L"E", 2, true, L"a"},
-        {R"({"nullArray": "mountPoints"})", 2, false, nullptr, 2, true, L"a"},
-        {R"({"nullElement": "mountPoints"})", 3, true, nullptr, 2, true, L"a"},
-        {R"({"nullArray": "inner"})", 2, true, L"E", 2, false, nullptr},
-        {R"({"nullElement": "inner", "nullArray": "mountPoints"})", 2, false, nullptr, 3, true, nullptr},
-        {R"({"nullArray": "empty"})", 2, true, L"E", 2, true, L"a"},
-    };
-    for (const Case &c : cases) {
-        Json data = Json::parse(R"({"mountPoints": ["E", "F"], "inner": [{"wszText": "a"}, {}], "empty": []})");
-        data.update(Json::parse(c.shapes));
+// The shapes of full arrays cross the proxy in the contract tests; an empty
+// list asked to come without its array still has a count.
+TEST(Records, ACountWithoutAnArrayEvenWhereTheListIsEmpty) {
+    for (const char *shapes : {R"({})", R"({"nullArray": "empty"})"}) {
+        Json data = Json::parse(R"({"empty": []})");
+        data.update(Json::parse(shapes));
         Allocator memory;
-        ArrayShapes shapes;
-        Reader reader(data, "d", memory, &shapes);
+        ArrayShapes arrays;
+        Reader reader(data, "d", memory, &arrays);
         reader.TakeShapes();
-        Outer o{};
-        FillOuter(reader, o);
-        unsigned long emptyCount = 0;
+        unsigned long count = 0;
         wchar_t **empty = nullptr;
-        reader.StringArray("empty", emptyCount, empty);
+        reader.StringArray("empty", count, empty);
         reader.Done();
         reader.CheckShapes();
-        EXPECT_EQ(o.dwMountPointCount, c.mountPoints) << c.shapes;
-        ASSERT_EQ(o.pwszMountPoints != nullptr, c.mountArray) << c.shapes;
-        if (c.mountArray) {
-            EXPECT_EQ(std::wstring(o.pwszMountPoints[0] ? o.pwszMountPoints[0] : L"(none)"),
-                      c.firstMountPoint ? c.firstMountPoint : L"(none)")
-                << c.shapes;
-        }
-        EXPECT_EQ(o.dwInnerCount, c.inner) << c.shapes;
-        ASSERT_EQ(o.pInner != nullptr, c.innerArray) << c.shapes;
-        if (c.innerArray) {
-            EXPECT_EQ(std::wstring(o.pInner[0].wszText ? o.pInner[0].wszText : L"(none)"),
-                      c.firstInnerText ? c.firstInnerText : L"(none)")
-                << c.shapes;
-        }
-        const bool emptyNamed = std::string(c.shapes).find("empty") != std::string::npos;
-        EXPECT_EQ(emptyCount, emptyNamed ? 1u : 0u) << c.shapes; // a count even where the list is empty
-        EXPECT_EQ(empty == nullptr, emptyNamed) << c.shapes;
+        const bool named = std::string(shapes).find("empty") != std::string::npos;
+        EXPECT_EQ(count, named ? 1u : 0u) << shapes;
+        EXPECT_EQ(empty == nullptr, named) << shapes;
     }
 }
 

@@ -39,24 +39,6 @@ Catalog TestCatalog() {
     return catalog;
 }
 
-TEST(ScenarioResult, AcceptsNumbersHexTextsAndNames) {
-    struct Case {
-        Json value;
-        HRESULT expected;
-    } cases[] = {
-        {0, S_OK},
-        {1, S_FALSE},
-        {Json(2147942487LL), E_INVALIDARG},
-        {Json(-2147024809LL), E_INVALIDARG},
-        {"0x80070057", E_INVALIDARG},
-        {"0XC004038B", static_cast<HRESULT>(0xC004038BUL)},
-        {"E_FAIL", E_FAIL},
-        {"S_FALSE", S_FALSE},
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(ParseResult(c.value, "r"), c.expected) << c.value.dump();
-}
-
 TEST(ScenarioResult, RefusesWhatIsNoResultCode) {
     const Json bad[] = {Json("0x"), Json("0x1234567890"), Json("80070057"), Json("E_WHATEVER"), Json(4294967296LL),
                         Json(1.5),  Json(true),           Json(nullptr)};
@@ -102,44 +84,25 @@ TEST(ScenarioParse, ReportsEveryProblemWithItsPath) {
     EXPECT_EQ(Problems(R"({"lingerSeconds": "5", "methods": {"IDisk.X": 1, "IDisk.Get": {"result": []}}})").size(), 3u);
 }
 
-TEST(ScenarioParse, ReadsSettingsAndResponses) {
+// The settings and responses that every case's scenario uses are read as the
+// end-to-end runs show; these are the ones no run can tell apart (the cases
+// name their call log by its Windows path).
+TEST(ScenarioParse, ReadsTheTimesAndNumbersTheResponses) {
     Scenario scenario;
-    ASSERT_TRUE(ParseScenario(R"({"description": "d", "callLog": "/tmp/calls.jsonl", "lingerSeconds": 0.5,
-        "classes": {"DiskClass": {"missingInterfaces": ["IDisk2"], "createResult": "E_ACCESSDENIED"}},
-        "methods": {"IDisk.Get": [{"result": "0x80004005", "errorDescription": "broken", "delayMs": 20,
-                                   "events": [{"event": "Progress", "code": 3}], "sample": {"dwCount": 2}},
-                                  {}]}})",
+    ASSERT_TRUE(ParseScenario(R"({"callLog": "/tmp/calls.jsonl", "lingerSeconds": 0.5,
+        "methods": {"IDisk.Get": [{"delayMs": 20}, {}]}})",
                               TestCatalog(), scenario)
                     .empty());
     EXPECT_EQ(scenario.callLog, L"Z:\\tmp\\calls.jsonl");
     EXPECT_EQ(scenario.lingerMs, 500u);
-    ASSERT_NE(scenario.FindClass("DiskClass"), nullptr);
-    EXPECT_EQ(scenario.FindClass("DiskClass")->createResult, E_ACCESSDENIED);
-    EXPECT_EQ(scenario.FindClass("DiskClass")->missingInterfaces.count("IDisk2"), 1u);
     const std::vector<Response> &responses = scenario.methods["IDisk.Get"];
     ASSERT_EQ(responses.size(), 2u);
-    EXPECT_EQ(responses[0].result, E_FAIL);
-    EXPECT_EQ(responses[0].errorDescription.value_or(""), "broken");
     EXPECT_EQ(responses[0].delayMs, 20u);
-    EXPECT_EQ(responses[0].events.size(), 1u);
-    EXPECT_EQ(responses[0].data, Json::parse(R"({"sample": {"dwCount": 2}})"));
-    EXPECT_EQ(responses[1].result, S_OK);
+    EXPECT_EQ(responses[0].index, 0);
     EXPECT_EQ(responses[1].index, 1);
 }
 
 const char kTwoResponses[] = R"({"methods": {"IDisk.Get": [{"result": 1}, {"result": 2}]}})";
-
-TEST(ScenarioEngine, WalksTheListAndRepeatsTheLastResponse) {
-    Engine engine(TestCatalog());
-    engine.Load(kTwoResponses);
-    ResponsePositions object;
-    EXPECT_EQ(engine.Next("IDisk.Get", object).result, 1);
-    EXPECT_EQ(engine.Next("IDisk.Get", object).result, 2);
-    EXPECT_EQ(engine.Next("IDisk.Get", object).result, 2);
-    Response unscripted = engine.Next("IDisk.Delete", object);
-    EXPECT_EQ(unscripted.result, S_OK);
-    EXPECT_EQ(unscripted.index, -1);
-}
 
 // Clients that run at the same time each walk the list from its start; a
 // changed scenario sends every object back to the start of the new one.

@@ -19,28 +19,6 @@ struct Args {
     std::vector<wchar_t *> pointers;
 };
 
-TEST(CommandLineTest, GroupsValuesUnderTheirSwitch) {
-    Args args({L"stray", L"-d", L"X", L"-n", L"a", L"b", L"-S", L"-s", L"snap1", L"-n", L"c"});
-    CCommandLine cl(args.pointers.data());
-    EXPECT_FALSE(cl.IsPresent(L"stray"));
-    EXPECT_STREQ(cl.SingleValue(sw::d), L"X");
-    EXPECT_EQ(cl.List(sw::n), (CCommandLine::ValueList{L"a", L"b", L"c"})); // repeated switches merge
-    EXPECT_EQ(cl.SingleValue(sw::n), nullptr);                              // ...and then count as absent
-    EXPECT_TRUE(cl.IsPresent(sw::S));
-    EXPECT_EQ(cl.SingleValue(sw::S), nullptr);
-    EXPECT_STREQ(cl.SingleValue(sw::s), L"snap1"); // -s and -S are different switches
-    EXPECT_FALSE(cl.IsPresent(L"-D"));
-}
-
-TEST(CommandLineTest, HyphenValuesBecomeSwitches) {
-    Args args({L"-port", L"-5", L"-x"});
-    CCommandLine cl(args.pointers.data());
-    EXPECT_TRUE(cl.IsPresent(sw::port));
-    EXPECT_EQ(cl.SingleNumber(sw::port), 0xFFFFFFFFu);
-    EXPECT_TRUE(cl.IsPresent(L"-5"));
-    EXPECT_TRUE(cl.IsPresent(sw::x)); // at the very end, with no values
-}
-
 TEST(CommandLineTest, AccessorKinds) {
     struct Case {
         std::vector<std::wstring> words;

@@ -1,5 +1,4 @@
 #include "commands/common/DiskPrinters.h"
-#include "commands/common/LunPath.h"
 #include "front_end/Console.h"
 
 #include <gtest/gtest.h>
@@ -14,49 +13,13 @@ struct Captured {
     std::wstring text;
 };
 
-// Every listing line of a disk is checked end to end (tests/e2e/cases/disk_list.py);
-// these are the printers no listing reaches yet.
-TEST(DiskPrintersTest, Initiators) {
-    wchar_t wwpn[32] = L"10:00:00:00:c9:2b:5a:01";
-    InitiatorInfo fcp = {0, wwpn};
-    InitiatorInfo iscsi = {1, wwpn};
-    InitiatorInfo other = {2, wwpn};
+// Every listing line of a disk and of the initiators is checked end to end
+// (tests/e2e/cases/disk_list.py, fcp.py); this printer no listing reaches yet.
+TEST(DiskPrintersTest, FcpPortName) {
     Captured out;
-    PrintInitiatorInfo(L"", fcp);
-    PrintInitiatorInfo(L"\t", iscsi);
-    PrintInitiatorInfo(L"", other);
     const unsigned char port[8] = {0x10, 0, 0, 0, 0xc9, 0x2b, 0x5a, 0x0f};
-    PrintFcpPortName(L"", port);
-    EXPECT_EQ(out.text, L"FCP initiator WWPN:\t10:00:00:00:c9:2b:5a:01\n"
-                        L"\tiSCSI initiator:\t10:00:00:00:c9:2b:5a:01\n"
-                        L"Initiator FCP Port Name:\t10:00:00:00:c9:2b:5a:0f\n");
-}
-
-TEST(LunPathTest, LunPathForm) {
-    const struct {
-        const wchar_t *path;
-        long status;
-        const wchar_t *system;
-        const wchar_t *onSystem;
-    } cases[] = {
-        {L"st1:/vol/vol0/lun1", 0, L"st1", L"/vol/vol0/lun1"},
-        {L"st1:/vol/", 0, L"st1", L"/vol/"},
-        {L":/vol/a/b", 0, L"", L"/vol/a/b"},
-        {L"st1:/vol/a:b/c", 0, L"st1", L"/vol/a:b/c"},
-        {L"st1:vol/vol0/lun1", kInvalidLunPath, L"", L""},
-        {L"st1:/Vol/vol0/lun1", kInvalidLunPath, L"", L""},
-        {L"st1:/VOL/vol0/lun1", kInvalidLunPath, L"", L""},
-        {L"st1:x:/vol/a/b", kInvalidLunPath, L"", L""},
-        {L"st1/vol/a", kInvalidLunPath, L"", L""},
-        {L"", kInvalidLunPath, L"", L""},
-        {nullptr, kInvalidLunPath, L"", L""},
-    };
-    for (const auto &c : cases) {
-        LunLocation location;
-        EXPECT_EQ(SplitLunPath(c.path, location), c.status) << (c.path ? c.path : L"(null)");
-        EXPECT_EQ(location.storageSystem, c.system);
-        EXPECT_EQ(location.storageSystemPath, c.onSystem);
-    }
+    PrintFcpPortName(L"\t", port);
+    EXPECT_EQ(out.text, L"\tInitiator FCP Port Name:\t10:00:00:00:c9:2b:5a:0f\n");
 }
 
 } // namespace

@@ -24,34 +24,6 @@ struct Parsed {
     std::wstring output;
 };
 
-TEST(ListArgsTest, InitiatorPairs) {
-    const struct {
-        std::vector<std::wstring> words;
-        size_t records;
-        const wchar_t *output;
-    } cases[] = {
-        {{}, 7, L""}, // absent: untouched
-        {{L"-I"}, 0, L""},
-        {{L"-I", L"nodeA"}, 7, L"\n<NodeMachineName> <InitiatorName> must be in pairs!\n\n"},
-        {{L"-I", L"nodeA", L"iqn.a", L"nodeB", L"iqn.b"}, 2, L""},
-        {{L"-I", L"nodeA", L"iqn.a", L"nodeB", L"iqn.a"}, 0, L"\nError: duplicated initiator - iqn.a !!!\n"},
-        {{L"-I", L"nodeA", L"iqn.a", L"nodeB", L"IQN.A"}, 2, L""}, // exact comparison
-    };
-    for (const auto &c : cases) {
-        Parsed p(c.words);
-        std::vector<InitiatorPair> out(7);
-        GetInitiatorList(*p.cl, out);
-        EXPECT_EQ(out.size(), c.records);
-        EXPECT_EQ(p.output, c.output);
-    }
-    Parsed p({L"-I", L"nodeA", L"iqn.a", L"nodeB", L"iqn.b"});
-    std::vector<InitiatorPair> out;
-    GetInitiatorList(*p.cl, out);
-    ASSERT_EQ(out.size(), 2u);
-    EXPECT_EQ(out[1].NodeMachineName, L"nodeB");
-    EXPECT_EQ(out[1].InitiatorName, L"iqn.b");
-}
-
 TEST(ListArgsTest, InitiatorGroupsAndInitiatorsExcludeEachOther) {
     Parsed p({L"-IG", L"n", L"g", L"-I", L"n", L"i"});
     std::vector<InitiatorGroupPair> out;

@@ -57,35 +57,6 @@ TEST(MessagesTest, OtherFacilitiesAskTheSystemAlone) {
     EXPECT_EQ(std::wstring(buffer), LoadMessageText(MSG_UNKNOWN_ERROR, 256) + number);
 }
 
-TEST(MessagesTest, AppendTruncatesAtTheBufferEnd) {
-    wchar_t buffer[8] = L"abc";
-    AppendText(buffer, 8, L"defghijk");
-    EXPECT_EQ(std::wstring(buffer), L"abcdefg");
-    AppendText(buffer, 8, L"x");
-    EXPECT_EQ(std::wstring(buffer), L"abcdefg");
-}
-
-// A description longer than the buffer is cut before a character that does
-// not fit whole, never between the two halves of a surrogate pair.
-TEST(MessagesTest, AppendCutsOnACharacterBoundary) {
-    const struct {
-        const wchar_t *start;
-        const wchar_t *added;
-        const wchar_t *expected;
-    } cases[] = {
-        {L"abcdef", L"\U0001F600", L"abcdef"},
-        {L"abcde", L"x\U0001F600", L"abcdex"},
-        {L"abcd", L"\U0001F600z", L"abcd\U0001F600z"},
-        {L"abcd", L"\U0001F600\U0001F600", L"abcd\U0001F600"},
-    };
-    for (const auto &c : cases) {
-        wchar_t buffer[8] = {};
-        wcscpy_s(buffer, c.start);
-        AppendText(buffer, 8, c.added);
-        EXPECT_EQ(std::wstring(buffer), c.expected) << testing::PrintToString(std::wstring(c.start));
-    }
-}
-
 TEST(MessagesTest, MessageFilePathIsInTheProgramDirectory) {
     CoTaskPtr<wchar_t> path(MessageFilePath(MSG_MESSAGE_FILE_NAME));
     ASSERT_TRUE(path);

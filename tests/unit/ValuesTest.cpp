@@ -35,18 +35,6 @@ TEST(ValuesTest, SizeInBytes) {
     }
 }
 
-TEST(ValuesTest, SizeInMegabytes) {
-    const SizeCase cases[] = {
-        {L"100", true, 100},  {L"100MB", true, 100}, {L"2gb", true, 2048}, {L"1TB", true, 1u << 20},
-        {L"100kb", false, 0}, {L"1.5GB", false, 0},  {L"-1", false, 0},    {L"10g", false, 0},
-    };
-    for (const SizeCase &c : cases) {
-        uint64_t value = 99;
-        EXPECT_EQ(ParseSizeMB(c.text, value), c.ok) << c.text;
-        EXPECT_EQ(value, c.value) << c.text;
-    }
-}
-
 TEST(ValuesTest, SizeFormat) {
     EXPECT_EQ(FormatSize(1610612736ull), L"1536MB");
     EXPECT_EQ(FormatSize(2ull << 40), L"2TB");
@@ -84,12 +72,7 @@ TEST(ValuesTest, WordsAndPercentages) {
     EXPECT_FALSE(ParseApplicationName(L"appkeeper", app));
 }
 
-TEST(ValuesTest, NamesAndPaths) {
-    EXPECT_TRUE(IsValidName(L"store1"));
-    EXPECT_TRUE(IsValidName(L""));
-    for (const wchar_t *bad : {L"a/b", L"a\\b", L"a*", L"a:b", L"a?", L"a\"", L"a<", L"a>", L"a|b", L"a b"})
-        EXPECT_FALSE(IsValidName(bad)) << bad;
-
+TEST(ValuesTest, Paths) {
     EXPECT_TRUE(HasValidPathCharacters(L"/vol/vol1/lun1"));
     EXPECT_TRUE(HasValidPathCharacters(L"\\\\st1\\share\\lun_1.lun"));
     EXPECT_FALSE(HasValidPathCharacters(L"/vol/vol 1/lun"));
@@ -97,18 +80,6 @@ TEST(ValuesTest, NamesAndPaths) {
     EXPECT_FALSE(HasValidPathCharacters(L"x/vol/a")); // "/vol/" not at the start: back-slash set
     EXPECT_FALSE(HasValidPathCharacters(L"/vol/a\\b"));
     EXPECT_FALSE(HasValidPathCharacters(nullptr));
-}
-
-TEST(ValuesTest, IdentifierPair) {
-    uint64_t a = 0, b = 0;
-    EXPECT_TRUE(ParseIdentifierPair(L"0xffffffff12345678-0x4000013700000002", a, b));
-    EXPECT_EQ(a, 0xffffffff12345678ull);
-    EXPECT_EQ(b, 0x4000013700000002ull);
-    EXPECT_TRUE(ParseIdentifierPair(L"0x1-0x2trailing", a, b));
-    EXPECT_FALSE(ParseIdentifierPair(L"1-0x2", a, b));
-    EXPECT_FALSE(ParseIdentifierPair(L"0x1-2", a, b));
-    EXPECT_FALSE(ParseIdentifierPair(L"0x1", a, b));
-    EXPECT_FALSE(ParseIdentifierPair(L"", a, b));
 }
 
 } // namespace

@@ -1,11 +1,9 @@
 """disk list: both listings, the initiator of each LUN, failures, creation on another machine, progress events."""
 
 from harness import REGDB_E_CLASSNOTREG, S_OK, Case, alert, completion, msg
+from cases.lun_common import E_ACCESSDENIED, E_NOINTERFACE, MSG_SERVICE_UNAVAILABLE
 
 MSG_LIST_DISKS_FAILED = 5362
-MSG_SERVICE_UNAVAILABLE = 5108
-E_NOINTERFACE = 0x80004002
-E_ACCESSDENIED = 0x80070005
 LUN_BUSY = 0xC00402A1
 
 OLDER_SERVICE = {"VirtualDiskService": {"missingInterfaces": ["IVirtualDisk2"]}}

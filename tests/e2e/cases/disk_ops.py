@@ -62,8 +62,7 @@ def lun(method, storage_system="filer1", path="/vol/vol1/db"):
     return sent(method, False, storageSystem=storage_system, storageSystemPath=path, reserved1=0, reserved2=0)
 
 
-# The disk look-up is shared by the three operations: its forms are tried on delete. The LUN path forms are the
-# parser's unit test; here one bad path per operation.
+# The disk look-up is shared by the three operations: its forms, and the LUN path's, are tried on delete.
 # (name, argv after "disk delete", calls, storage system, path sent)
 DELETE_RUNS = [
     ("by drive letter", ["-d", "E"], [ENUM, DELETE], "filer1", "/vol/vol1/db"),
@@ -73,7 +72,9 @@ DELETE_RUNS = [
     ("non-ASCII LUN path", ["-p", "fïler:/vol/dätä/東京"], [DELETE], "fïler", "/vol/dätä/東京"),
     # A LUN path skips the snapshot test: only a mount point finds out what backs the disk.
     ("snapshot-backed disk by LUN path goes ahead", ["-p", "filer1:/vol/vol1/clone"], [DELETE], "filer1", "/vol/vol1/clone"),
-]
+] + [("LUN path " + path, ["-p", path], [DELETE], system, on_system)  # split at the first colon
+     for path, system, on_system in [(":/vol/a/b", "", "/vol/a/b"), ("st1:/vol/a:b/c", "st1", "/vol/a:b/c"),
+                                     ("st1:/vol/", "st1", "/vol/")]]
 # A switch given twice or without a value names nothing.
 TARGET_FAULTS = [("neither -d nor -p", [], MSG_USAGE_MOUNT_POINT_OR_LUN_PATH)]
 MORE_TARGET_FAULTS = [("both -d and -p", ["-d", "E", "-p", "filer1:/vol/vol1/db"], MSG_USAGE_MOUNT_POINT_OR_LUN_PATH),
@@ -104,8 +105,11 @@ DELETE_CASES = [
 ] + refusals("delete", ["disk", "delete", "-d", "E"], MSG_DELETE_DISK_FAILED, lambda r: scenario(DeleteDisk=r),
              calls=[ENUM, DELETE]) + unreachable("delete", "VirtualDiskService", ["disk", "delete"],
                                                  ["disk", "delete", "-m", "host2", "-d", "E"]) + [
-    Case("delete: bad LUN path", ["disk", "delete", "-p", "filer1:/Vol/vol1/db"],
-         INCORRECT_PATH + msg(MSG_DELETE_DISK_FAILED), E_INVALIDARG, scenario=scenario(), calls=[]),
+    # "/vol/" must follow the first colon directly, in lower case
+    Case("delete: bad LUN path %r" % path, ["disk", "delete", "-p", path],
+         INCORRECT_PATH + msg(MSG_DELETE_DISK_FAILED), E_INVALIDARG, scenario=scenario(), calls=[])
+    for path in ["filer1:/Vol/vol1/db", "filer1:/VOL/vol1/db", "filer1:vol/vol1/db", "filer1:x:/vol/a/b",
+                 "filer1/vol/a", ""]
 ] + usage_faults("delete", ["disk", "delete"], DELETE_USAGE, TARGET_FAULTS + MORE_TARGET_FAULTS, scenario=scenario(),
                  calls=[])
 
@@ -204,7 +208,8 @@ EXPANDED = GROWN_TEXT + completion()
 
 # Some that it rejects (a value starting with a hyphen is a switch of its own, so -z is left without one).
 BAD_SIZES = [("negative", ["-z", "-5MB"]), ("20 digits", ["-z", "1" * 20]), ("blank inside", ["-z", "10 MB"]),
-             ("missing", []), ("given twice", ["-z", "10", "-z", "20"])]
+             ("missing", []), ("given twice", ["-z", "10", "-z", "20"]), ("in kilobytes", ["-z", "100kb"]),
+             ("with decimals", ["-z", "1.5GB"]), ("with a one-letter suffix", ["-z", "10g"])]
 OPEN = {"bLimitsValid": False}
 MBR = {"bLimitsValid": False, "dwPartitionStyle": 1}
 # (name, switches after "-d E", limits changed, refusal printed or None when the disk grows by `size`)
@@ -231,8 +236,8 @@ LIMIT_RUNS = [
     ("open limits, raw disk", ["-z", "16639879"], dict(OPEN, dwPartitionStyle=3), None, 16639879),
     # A disk already past the bound: the unsigned limit wraps and prints as a negative number.
     ("open limits past the MBR bound", ["-z", "8"], dict(MBR, llCurrentSize=2097024), below(8, 16, -1), 0),
-] + [("size " + text, ["-z", text, "-rs", "y"], {"llMin": 0}, None, size)  # forms beyond the parser's unit test
-     for text, size in [("2gB", 2048), ("0tb", 0), ("+64", 64), ("0040", 40)]]
+] + [("size " + text, ["-z", text, "-rs", "y"], {"llMin": 0}, None, size)
+     for text, size in [("2gB", 2048), ("0tb", 0), ("+64", 64), ("0040", 40), ("100mB", 100)]]
 
 
 def limit_case(name, argv, fields, refusal, size):

@@ -32,15 +32,20 @@ def all_unadvised(result):
     assert advised == unadvised, "%d advises, %d unadvises" % (advised, unadvised)
 
 
-def cut_on_a_character(result):
-    assert "\ufffd" not in result.text(), "a surrogate pair was cut: %r" % result.text()[-20:]
-    assert result.text().endswith("\U0001F600\n"), result.text()[-20:]
+def cut_on_a_character(units):
+    """The alert's text holds this many UTF-16 units, and no surrogate pair was cut in two."""
+    def check(result):
+        assert "\ufffd" not in result.text(), "a surrogate pair was cut: %r" % result.text()[-20:]
+        assert result.text().endswith("\U0001F600\n"), result.text()[-20:]
+        held = len(result.text()[:-1].encode("utf-16-le")) // 2
+        assert held == units, "the alert holds %d UTF-16 units, expected %d" % (held, units)
+    return check
 
 
-def long_description():
-    """A description of pairs only, long enough that the alert's text is cut inside one."""
+def long_description(cut):
+    """A description of pairs only, long enough that the alert's 2047 characters end inside one (cut) or after one."""
     room = 2047 - len(msg(5362)[:2047]) - len(msg(5092)[:19])
-    return ("x" if room % 2 == 0 else "") + "\U0001F600" * 1100
+    return ("x" if (room % 2 == 0) == cut else "") + "\U0001F600" * 1100
 
 
 def died(result):
@@ -61,12 +66,17 @@ CASES = [
          scenario=listing(result="E_FAIL", errorDescription="first line\nsecond line\r\nthird line")),
     # An error object with an empty description: the message and the separator, nothing after them.
     Case("an empty description", ["disk", "list"], alert(5362, 0x80004005, description=""), 0x80004005,
-         scenario=listing(result="E_FAIL", errorDescription="")),
-    Case("a description with runs of CRs before its line ends", ["disk", "list"],
-         alert(5362, 0x80004005, description="first line\nsecond line"), 0x80004005,
-         scenario=listing(result="E_FAIL", errorDescription="first line\r\r\nsecond line\r\r\r")),
-    Case("a description longer than the alert's text", ["disk", "list"], status=0x80004005,
-         scenario=listing(result="E_FAIL", errorDescription=long_description()), check=cut_on_a_character),
+         scenario=listing(result=0x80004005, errorDescription="")),  # a result as an unsigned number
+    # Each run of CRs before a line end gives way to the one CR LF; a CR that no LF follows stays, each one of a run.
+    # (The result as a signed number, as the service's runtime has it.)
+    Case("a description with runs of CRs before its line ends and CRs of its own", ["disk", "list"],
+         alert(5362, 0x80004005, description="first line\nsecond\rline x\r\ry"), 0x80004005,
+         scenario=listing(result=-0x7FFFBFFB, errorDescription="first line\r\r\nsecond\rline x\r\ry\r\r\r")),
+] + [
+    Case("a description longer than the alert's text, " + what, ["disk", "list"], status=0x80004005,
+         scenario=listing(result="E_FAIL", errorDescription=long_description(cut)), check=cut_on_a_character(units))
+    for what, cut, units in [("a pair left over", True, 2046), ("filled to the last character", False, 2047)]
+] + [
     Case("a zero count with no array", ["disk", "list"], NO_LUNS + completion(), S_OK, scenario=listing()),
     Case("a count with no array", ["disk", "list"], NO_LUNS + completion(), S_OK,
          scenario=listing(nullArray="disks", disks=[{"pDisk": {"dwType": 1}}])),

@@ -3,9 +3,8 @@
 import re
 
 from harness import S_OK, Case, alert, completion
-from cases.host_common import E_ACCESSDENIED, MSG_SERVICE_UNAVAILABLE, requests
+from cases.host_common import E_ACCESSDENIED, E_NOINTERFACE, MSG_SERVICE_UNAVAILABLE, requests
 
-E_NOINTERFACE = 0x80004002
 LIST = ["fcp_initiator", "list"]
 HEADING = "\nFCP initiators on this system are: \n\n"
 WWPN1 = {"dwKind": 0, "wszName": "10:00:00:00:c9:6b:2a:41"}

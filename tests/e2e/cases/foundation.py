@@ -1,8 +1,7 @@
 """Start-up, dispatch, help and exit status: the paths that every command shares."""
 
 from harness import E_INVALIDARG, REGDB_E_CLASSNOTREG, S_OK, Case, alert, completion, longest_argument
-
-MSG_SERVICE_UNAVAILABLE = 5108
+from cases.lun_common import LOCAL_MACHINE, MSG_SERVICE_UNAVAILABLE
 
 
 def general_usage(program="cvcli"):
@@ -36,8 +35,6 @@ FCP_USAGE = (
     "\tlist\n\n"
     'For information about an individual operation, type "cvcli fcp_initiator help <operation>"\n'
 )
-
-LOCAL_MACHINE = "If the machine name is not specified the command is executed on a local machine.\n"
 
 
 def snap_create_usage(program="cvcli"):

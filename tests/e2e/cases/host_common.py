@@ -1,21 +1,12 @@
 """Builders shared by the host case files (fcp, hyperv, igroup, iscsi, preferred_ip, transport_protocol); no CASES."""
 
-from harness import E_INVALIDARG, Case, alert, completion, msg
+from harness import E_INVALIDARG, Case, alert, completion
+from cases.lun_common import E_ACCESSDENIED, E_NOINTERFACE, MSG_SERVICE_UNAVAILABLE, usage  # noqa: F401 (re-exported)
+from cases.lun_common import LOCAL_MACHINE as LOCAL, local as local_error  # noqa: F401
 
-MSG_SERVICE_UNAVAILABLE = 5108
-E_ACCESSDENIED = 0x80070005
 CONNECT_E_NOCONNECTION = 0x80040200
 BUSY = 0xC0040330  # a service-specific failure code, sent with a description
-LOCAL = "If the machine name is not specified the command is executed on a local machine.\n"
 NO_SINK = {"classes": {"VirtualDiskService": {"missingInterfaces": ["_IVirtualDiskEvents"]}}}
-
-
-def usage(message_id, text):
-    return "\n%s ...\n\n" % msg(message_id) + text
-
-
-def local_error(message_id):
-    return msg(message_id).replace("\n", "\r\n")  # FormatMessageW ends the message's lines with CR LF
 
 
 def nothing_created(result):

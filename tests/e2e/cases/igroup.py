@@ -108,8 +108,8 @@ CREATE_CASES = [
          check=created_group(node, name, initiators))
     for what, argv, node, name, initiators in [
         ("two initiators of one node, names in different case",
-         CREATE + ["-I", "HOST1", "iqn.1991-05.com.microsoft:a", "host1", "iqn.1991-05.com.microsoft:b", "-ig", "grp1"],
-         "HOST1", "grp1", ["iqn.1991-05.com.microsoft:a", "iqn.1991-05.com.microsoft:b"]),
+         CREATE + ["-I", "HOST1", "iqn.1991-05.com.microsoft:a", "host1", "IQN.1991-05.com.microsoft:A", "-ig", "grp1"],
+         "HOST1", "grp1", ["iqn.1991-05.com.microsoft:a", "IQN.1991-05.com.microsoft:A"]),
         ("names that just fit their fields", CREATE + ["-I", "N" * 31, "i" * 127, "-ig", "g" * 127], "N" * 31, "g" * 127,
          ["i" * 127]),
         ("switches in any order, non-ASCII names", ["igroup", "create", "-ig", "grüppe", "-I", "hôst", "iqn.ü", "-f",

@@ -3,14 +3,13 @@
 import copy
 
 from harness import password_digest, E_INVALIDARG, S_OK, Case, alert, completion
-from cases.host_common import (E_ACCESSDENIED, LOCAL, MSG_SERVICE_UNAVAILABLE, failing, local_error, no_password,
-                               nothing_created, refusals, requests, sent, usage_cases)
+from cases.host_common import (E_ACCESSDENIED, E_NOINTERFACE, LOCAL, MSG_SERVICE_UNAVAILABLE, failing, local_error,
+                               no_password, nothing_created, refusals, requests, sent, usage_cases)
 
 MSG_MULTI_SESSION_QUERY_FAILED = 5368
 MSG_LIST_TARGETS_FAILED, MSG_LIST_SESSIONS_FAILED = 5378, 5380
 MSG_ESTABLISH_SESSION_FAILED, MSG_TERMINATE_SESSION_FAILED, MSG_DISCONNECT_TARGET_FAILED = 5387, 5388, 5389
 MSG_SESSION_EXISTS, MSG_MULTIPLE_SESSIONS_NOT_SUPPORTED = 6016, 6017
-E_NOINTERFACE = 0x80004002
 
 LIST_USAGE = (
     "cvcli iscsi_initiator list [-m <MachineName>] -s\n"
@@ -148,6 +147,7 @@ LIST_CASES = [
          check=sent("IIscsi.ListSessions", machineName=None)),
     Case("list: no sessions", LIST, "\t0 connected iSCSI target(s):\n" + completion(), S_OK, calls=["IIscsi.ListSessions"]),
     Case("list: -s with a value still lists", LIST + ["all"], same_as="list: no sessions"),
+    Case("list: an empty machine name is this one", LIST + ["-m", ""], same_as="list: no sessions"),
     Case("list: an HBA of another initiator type is not shown", LIST, listing_without(BITS[4][3]) + completion(), S_OK,
          scenario=listed([dict(FULL_TARGETS[0], pSessions=[dict(SESSION1, dwInitiatorType=2),
                                                            FULL_TARGETS[0]["pSessions"][1]]), FULL_TARGETS[1]])),
@@ -310,9 +310,12 @@ TERMINATE_CASES = [
 ] + refusals("terminate", TERMINATE, "IIscsi.TerminateSession", MSG_TERMINATE_SESSION_FAILED) \
   + usage_cases("terminate: session id", ["iscsi_initiator", "terminate_session"], TERMINATE_USAGE, [
     (what, argv, 5637) for what, argv in [
-        # The parser's other faults are the unit tests' business.
         ("missing", []), ("without a value", ["-s"]), ("given twice", ["-s", "0x1-0x2", "-s", "0x1-0x2"]),
-        ("with an empty second half", ["-s", "0x1-"]), ("not hexadecimal", ["-s", "0xzz-0x1"]), ("empty", ["-s", ""])]])
+        ("with an empty second half", ["-s", "0x1-"]), ("not hexadecimal", ["-s", "0xzz-0x1"]), ("empty", ["-s", ""]),
+        ("without 0x before the first half", ["-s", "1-0x2"]), ("without 0x before the second", ["-s", "0x1-2"]),
+        ("without a second half", ["-s", "0x1"])]]) + [
+    Case("terminate: text after the id is left unread", TERMINATE[:3] + ["0x1-0x2trailing"], completion(), S_OK,
+         check=sent("IIscsi.TerminateSession", session=dict(TERMINATED, ullSessionId1=1, ullSessionId2=2)))]
 
 # iscsi_target list and disconnect
 

@@ -26,7 +26,7 @@ def answer(method, **response):
 
 
 def failing(hr, description=None):
-    response = {"result": "0x%08X" % hr}
+    response = {"result": "0X%08X" % hr}  # the host cases write "0x"
     if description is not None:
         response["errorDescription"] = description
     return response

@@ -104,7 +104,10 @@ USAGE_CASES = usage_cases("set", ["preferredIP", "set"], SET_USAGE, [
     (what, argv, MSG_USAGE_VALID_STORAGE_SYSTEM) for what, argv in [
         ("nothing given", []), ("-f missing", ["-IP", "10.40.0.31"]),
         ("-f twice", ["-f", "a", "-f", "b", "-IP", "10.40.0.31"]),
-        ("-f with a blank", ["-f", "filer dr", "-IP", "10.40.0.31"])]  # the other characters: the unit tests
+        ("-f with a blank", ["-f", "filer dr", "-IP", "10.40.0.31"])]
+] + [
+    ("-f with %r" % name, ["-f", name, "-IP", "10.40.0.31"], MSG_USAGE_VALID_STORAGE_SYSTEM)
+    for name in ["a/b", "a\\b", "a*", "a:b", "a?", "a\"", "a<", "a>", "a|b"]
 ] + [
     (what, ["-f", "filer-dr"] + argv, MSG_USAGE_PREFERRED_IP) for what, argv in [
         ("-IP missing", []), ("-IP twice", ["-IP", "10.40.0.31", "-IP", "10.40.0.32"]),
@@ -114,7 +117,10 @@ USAGE_CASES = usage_cases("set", ["preferredIP", "set"], SET_USAGE, [
 ]) + [
     Case("set: address %r" % address, set_ip("filer-dr", address), local_error(MSG_INVALID_IP_ADDRESS), E_INVALIDARG,
          check=nothing_created)
-    for address in ["10.40.0", "10.40.0.256", "filer-dr", ""]  # the parser's other faults: the unit tests
+    # Parts missing, empty, past 255 or written another way than plain decimal; blanks, signs, other separators
+    for address in ["10.40.0", "10.40.0.256", "filer-dr", "", "1.2.3.4.5", "10.20.1.", ".10.20.1.11", "10..1.11",
+                    "256.1.1.1", "1.1.1.1000", "10.20.1.1a", "0x0a.1.1.1", "010.1.1.1", "1.1.1.00", "+1.1.1.1",
+                    " 1.1.1.1", "1.1.1.1 ", "1,1,1,1", "\uFF11.1.1.1", "167772161", "::1"]
 ]
 
 CASES = LIST_CASES + CHANGE_CASES + FAILURE_CASES + USAGE_CASES

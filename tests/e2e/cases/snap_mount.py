@@ -101,11 +101,14 @@ CASES = (
     [Case("mount: demo run with progress and mirror lines", BASE, DEMO_OUTPUT + completion(), S_OK,
           scenario=answer(MOUNT, events=DEMO_EVENTS), check=mounted())]
     + [Case("mount: " + name, argv, WAIT + completion(), S_OK, check=mounted(**fields)) for name, argv, fields in MOUNT_RUNS]
-    # The states' lines are the event printer's unit test; here, what crosses the wire.
-    + [Case("mount: mirror lines, the low 32 bits and non-ASCII names", BASE,
-            WAIT + mirror_line("MIRROR REPLICATE transferred 1024") + mirror_line("MIRROR START", **NON_ASCII_MIRROR)
-            + completion(), S_OK, check=mounted(), scenario=answer(MOUNT, events=[
-                mirror(35, countValid=1, transferred=0x100000400), mirror(33, **NON_ASCII_MIRROR)]))]
+    # A count is printed only when valid and not zero, and then only its low 32 bits; an unknown state prints none.
+    + [Case("mount: mirror states, the low 32 bits and non-ASCII names", BASE,
+            WAIT + "".join(mirror_line(status) for status in [
+                "MIRROR REPLICATE transferred 1024", "MIRROR REPLICATE", "MIRROR REPLICATE", "USER CANCELLED", ""])
+            + mirror_line("MIRROR START", **NON_ASCII_MIRROR) + completion(), S_OK, check=mounted(),
+            scenario=answer(MOUNT, events=[
+                mirror(35, countValid=1, transferred=0x100000400), mirror(35, countValid=1, transferred=0),
+                mirror(35, countValid=0, transferred=4096), mirror(36), mirror(37), mirror(33, **NON_ASCII_MIRROR)]))]
     + usage_faults("mount", ["snap", "mount"], MOUNT_USAGE, MOUNT_FAULTS, check=NO_CALL)
     + usage_faults("mount -old", ["snap", "mount"], MOUNT_USAGE, OLD_FAULTS, check=NO_CALL)
     + [
