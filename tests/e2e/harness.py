@@ -448,11 +448,9 @@ class Session:
 
     def save_backtraces(self, prefix):
         """Where every thread of the prefix's processes waits, written to
-        e2e-work/stalls/ before a stalled run is killed: what a hang needs
-        for its diagnosis, and what no later run can show."""
-        stalls = self.work / "stalls"
-        stalls.mkdir(exist_ok=True)
-        path = stalls / ("%02d.txt" % len(list(stalls.iterdir())))
+        BUILD_DIR/e2e-diagnostics/ before a stalled run is killed: what a hang
+        needs for its diagnosis, and what no later run can show."""
+        path = self.diagnostics_file("stall")
         try:
             with open(path, "wb") as out:
                 subprocess.run([self.wine, "winedbg", "--command", "bt all"], stdin=subprocess.DEVNULL, stdout=out,
@@ -460,6 +458,13 @@ class Session:
             self.last_backtraces = path
         except (OSError, subprocess.SubprocessError):
             self.last_backtraces = None
+
+    def diagnostics_file(self, kind):
+        """A new file in BUILD_DIR/e2e-diagnostics/, which outlives the work
+        directory (each suite starts its own) so that a whole CI run's stay."""
+        folder = self.build / "e2e-diagnostics"
+        folder.mkdir(exist_ok=True)
+        return folder / ("%s-%s-%d.txt" % (time.strftime("%H%M%S"), kind, len(list(folder.iterdir()))))
 
     def read_log(self):
         events = []

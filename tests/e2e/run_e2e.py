@@ -169,10 +169,8 @@ def keep_wine_log(session, label, result):
         print("%s stalled; where each thread waited: %s" % (label, session.last_backtraces), flush=True)
     if not result.wine_log:
         return
-    logs = session.work / "wine-logs"
-    logs.mkdir(exist_ok=True)
-    path = logs / ("%02d-%s.txt" % (len(list(logs.iterdir())), "".join(c if c.isalnum() else "_" for c in label)[:80]))
-    path.write_bytes(result.wine_log)
+    path = session.diagnostics_file("wine-log")
+    path.write_bytes(label.encode("utf-8") + b"\n" + result.wine_log)
     print("Wine's log of that run: %s" % path, flush=True)
 
 
