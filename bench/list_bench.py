@@ -182,10 +182,10 @@ def main():
     work = Path(tempfile.mkdtemp(prefix="cvcli-bench-"))
 
     base_peak = runner.run("cvcli.exe", ["help", "snap"]).peak  # what any run holds under Wine
-    sizes = [int(s) for s in args.sizes.split(",")]
+    sizes = [int(s) for s in args.sizes.split(",") if s]  # --sizes '': start-up only
     header = "%8s %9s %9s %8s %8s %6s %7s %7s %6s %9s %9s" % (
         "records", "wall", "minimal", "user", "minimal", "ratio", "system", "minimal", "ratio", "peak/data", "minimal")
-    for title, workload in WORKLOADS:
+    for title, workload in WORKLOADS if sizes else []:
         print("%s: medians of %d alternating pairs, stdout to a file, CPU of the client process" % (title, args.runs))
         print(header)
         for size in sizes:

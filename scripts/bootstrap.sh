@@ -8,6 +8,11 @@ packages=(
     mingw-w64-tools
     binutils-mingw-w64-x86-64
     wine64
+    # Wine's preloader reserves the addresses that Wine needs before Linux
+    # places anything: without it the kernel now and then puts the loader's
+    # heap over the shared user data page (0x7ffe0000), and the process fails
+    # to start ("failed to map the shared user data", no status at all).
+    wine64-preloader
     wine64-tools
     cmake
     ninja-build

@@ -12,6 +12,7 @@ log sit at fixed paths that are rewritten for every case.
 import hashlib
 import json
 import os
+import re
 import shutil
 import signal
 import subprocess
@@ -101,6 +102,7 @@ class Result:
     activations: list = field(default_factory=list)  # remote cases: each COSERVERINFO as built
     unwiped: Optional[int] = None  # freed blocks that still held the case's secret (None: not watched)
     blankets: list = field(default_factory=list)  # remote cases: each proxy security level asked for, and the answer
+    wine_log: bytes = b""  # Wine's own debug lines, when CVCLI_E2E_WINEDEBUG asked for them
 
     def authentication_levels(self):
         """(method, level) of every call, as the simulator's runtime reported the level (None: it did not)."""
@@ -141,6 +143,18 @@ def watched_secret(case):
             if at < len(argv) and not argv[at].startswith("-") and len(argv[at]) >= 4:
                 return argv[at]
     return None
+
+
+WINE_DEBUG_LINE = re.compile(rb"^(?:[0-9a-f]{4}:)?(?:[0-9a-f]{4}:)?(?:trace|warn|err|fixme):|^wine: ")
+
+
+def split_wine_log(stderr):
+    """(the program's own stderr, Wine's debug lines) of a run traced with
+    CVCLI_E2E_WINEDEBUG: the cases still see only what the program wrote."""
+    own, wine = [], []
+    for line in stderr.splitlines(keepends=True):
+        (wine if WINE_DEBUG_LINE.match(line) else own).append(line)
+    return b"".join(own), b"".join(wine)
 
 
 def hresult(value):
@@ -237,6 +251,7 @@ class Session:
         self.wine = os.environ.get("WINE") or ("/usr/lib/wine/wine64" if os.path.exists("/usr/lib/wine/wine64") else "wine64")
         self._system_texts = {}
         self._programs = {}
+        self.last_backtraces = None  # the backtraces taken of the last stalled run
 
     def base_env(self, prefix="service"):
         env = dict(os.environ)
@@ -352,6 +367,9 @@ class Session:
         if secret is not None:
             env["CVCLI_ALLOCATION_SECRET"] = secret
         env.update(case.env)
+        wine_debug = os.environ.get("CVCLI_E2E_WINEDEBUG")
+        if wine_debug:
+            env["WINEDEBUG"] = wine_debug
         program = self.program(case.program, case.resources, case.remote)
         command = [self.wine, str(self.runexit), winpath(program)] + list(case.argv)
         out_path, err_path = self.work / "stdout", self.work / "stderr"
@@ -362,8 +380,12 @@ class Session:
             shutil.copy2(self.resources, decoy)
         started = time.monotonic()
         timed_out = False
-        if out_path.exists():
-            out_path.unlink()
+        # New files each time: a simulator that an earlier case started still
+        # writes to that case's streams (under a debug log, a lot), and must
+        # not write into this case's.
+        for path in (out_path, err_path):
+            if path.exists():
+                path.unlink()
         with open(case.stdout_file or out_path, "wb") as out, open(err_path, "wb") as err:
             process = subprocess.Popen(
                 command, stdin=subprocess.DEVNULL, stdout=out, stderr=err, env=env, cwd=self.work, start_new_session=True
@@ -374,6 +396,7 @@ class Session:
 
             def kill():
                 hung.set()
+                self.save_backtraces(case.prefix)
                 os.killpg(process.pid, signal.SIGKILL)
 
             watchdog = threading.Timer(case.timeout, kill)
@@ -417,8 +440,31 @@ class Session:
         activations = [line for line in seam if "context" in line]
         blankets = [line for line in seam if "blanket" in line]
         stdout = out_path.read_bytes() if out_path.exists() else b""
-        return Result(stdout, err_path.read_bytes(), status, events, seconds, timed_out, allocations,
-                      activations, unwiped, blankets)
+        stderr, wine_log = err_path.read_bytes(), b""
+        if wine_debug:
+            stderr, wine_log = split_wine_log(stderr)
+        return Result(stdout, stderr, status, events, seconds, timed_out, allocations, activations, unwiped, blankets,
+                      wine_log)
+
+    def save_backtraces(self, prefix):
+        """Where every thread of the prefix's processes waits, written to
+        BUILD_DIR/e2e-diagnostics/ before a stalled run is killed: what a hang
+        needs for its diagnosis, and what no later run can show."""
+        path = self.diagnostics_file("stall")
+        try:
+            with open(path, "wb") as out:
+                subprocess.run([self.wine, "winedbg", "--command", "bt all"], stdin=subprocess.DEVNULL, stdout=out,
+                               stderr=subprocess.STDOUT, env=self.base_env(prefix), timeout=120)
+            self.last_backtraces = path
+        except (OSError, subprocess.SubprocessError):
+            self.last_backtraces = None
+
+    def diagnostics_file(self, kind):
+        """A new file in BUILD_DIR/e2e-diagnostics/, which outlives the work
+        directory (each suite starts its own) so that a whole CI run's stay."""
+        folder = self.build / "e2e-diagnostics"
+        folder.mkdir(exist_ok=True)
+        return folder / ("%s-%s-%d.txt" % (time.strftime("%H%M%S"), kind, len(list(folder.iterdir()))))
 
     def read_log(self):
         events = []

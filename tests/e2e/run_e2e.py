@@ -157,8 +157,21 @@ def run_case(session, case, label, relaunched):
         if not launch_failed(result) and not result.timed_out:
             break
         relaunched.append("%s%s" % (label, " (stalled)" if result.timed_out else ""))
+        keep_wine_log(session, label, result)
         result = session.run(case)
     return result
+
+
+def keep_wine_log(session, label, result):
+    """Saves what Wine said about a run it failed (CVCLI_E2E_WINEDEBUG) and
+    names the file, and the backtraces of a stalled one."""
+    if result.timed_out and session.last_backtraces is not None:
+        print("%s stalled; where each thread waited: %s" % (label, session.last_backtraces), flush=True)
+    if not result.wine_log:
+        return
+    path = session.diagnostics_file("wine-log")
+    path.write_bytes(label.encode("utf-8") + b"\n" + result.wine_log)
+    print("Wine's log of that run: %s" % path, flush=True)
 
 
 def main():

@@ -55,14 +55,19 @@ class Pane:
     def screen(self):
         return self.tmux("capture-pane", "-p", "-t", "pw")
 
-    def wait_for(self, predicate, seconds, what):
+    def wait_for(self, predicate, seconds, what, session=None):
         deadline = time.monotonic() + seconds
         while True:
             text = self.screen()
             if predicate(text):
                 return text
             if time.monotonic() > deadline:
-                raise AssertionError("%s did not happen within %d s; the screen:\n%s" % (what, seconds, text))
+                where = ""
+                if session is not None:
+                    # Slow or stuck: where cvcli and its console wait tells which.
+                    session.save_backtraces("service")
+                    where = "\nwhere each thread waited: %s" % session.last_backtraces
+                raise AssertionError("%s did not happen within %d s; the screen:\n%s%s" % (what, seconds, text, where))
             time.sleep(0.1)
 
     def close(self):
@@ -94,16 +99,16 @@ def run(session, piped):
     script.write_text("%s\necho \"EXIT=$?\"\nsleep 60\n" % command)
     pane = Pane("bash " + shlex.quote(str(script)), env)
     try:
-        pane.wait_for(lambda s: PROMPT in s, 60, "the prompt%s" % (" through a pipe" if piped else ""))
+        pane.wait_for(lambda s: PROMPT in s, 60, "the prompt%s" % (" through a pipe" if piped else ""), session)
         pane.keys("Qx", literal=True)
         pane.keys("BSpace")
         pane.keys("éW", literal=True)
-        typing = pane.wait_for(lambda s: "*****" in s, 10, "five stars")
+        typing = pane.wait_for(lambda s: "*****" in s, 10, "five stars", session)
         time.sleep(0.3)  # anything echoed late would show now
         typing = pane.screen()
         assert [l for l in lines(typing) if l] == [PROMPT + "*****"], "while typing:\n%s" % typing
         pane.keys("Enter")
-        done = pane.wait_for(lambda s: "EXIT=" in s, 30, "the end of cvcli")
+        done = pane.wait_for(lambda s: "EXIT=" in s, 30, "the end of cvcli", session)
         expected = [PROMPT + "*****", "", "The operation completed successfully.", "EXIT=0"]
         assert lines(done) == expected, "after Enter:\n%r\nexpected\n%r" % (lines(done), expected)
     finally:

@@ -40,7 +40,10 @@ newer_code=$(product_code "$newer")
 [ -n "$older_code" ] && [ "$older_code" != "$newer_code" ] || fail "the two builds must have product codes of their own"
 
 fresh_prefix "$build" "$prefix"
-export CORVANE_SIM_LINGER=1
+# Long enough for a loaded machine to reach the first creation (a simulator
+# gone by then fails it with 0x800706BE); from then on the installed
+# scenario's own linger applies, and step 3 waits for its end.
+export CORVANE_SIM_LINGER=60
 unset CORVANE_SIM_SCENARIO CORVANE_SIM_LOG
 
 # run PROGRAM ARGS...: the output in $out, the low byte of the status in
