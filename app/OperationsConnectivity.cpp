@@ -54,7 +54,7 @@ constexpr OperationRow kRows[] = {
      op::List,
      IscsiTargetList,
      L"%s %s %s %s <Storage System>\n",
-     {RequiredSwitch(sw::f, SwitchKind::Value, MSG_USAGE_STORAGE_SYSTEM)},
+     {RequiredSwitch(sw::f, SwitchKind::Value, MSG_USAGE_STORAGE_SYSTEM), HiddenSwitch(sw::m, SwitchKind::Machine)},
      {{L"Lists the iSCSI targets of a storage system with their LUN counts and network portals.\n", nullptr}},
      false},
     {cmd::IscsiTarget,

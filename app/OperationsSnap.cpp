@@ -111,7 +111,7 @@ constexpr OperationRow kRows[] = {
      ListMirrors,
      L"%s %s %s {%s <Drive> | %s <MountPointList> [...]}\n",
      {AlternativeSwitch(sw::d, SwitchKind::MountPoint, MSG_USAGE_MOUNT_POINT),
-      AlternativeSwitch(sw::D, SwitchKind::List, MSG_USAGE_MOUNT_POINT)},
+      AlternativeSwitch(sw::D, SwitchKind::List, MSG_USAGE_MOUNT_POINT), HiddenSwitch(sw::m, SwitchKind::Machine)},
      {{L"Displays Reflexa destinations associated with the source mapped to the disk mount point\n", nullptr}},
      true},
     {cmd::Snap,

@@ -1,6 +1,7 @@
 #include "front_end/Operation.h"
 
 #include "front_end/Exceptions.h"
+#include "front_end/ListArgs.h"
 
 #include <cwchar>
 #include <stdexcept>
@@ -27,13 +28,20 @@ const SwitchSpec *DeclaredSwitch(const OperationRow &row, const wchar_t *word) {
     return nullptr;
 }
 
-const SwitchSpec &Operation::Needed(const wchar_t *word, SwitchKind kind) const {
+const SwitchSpec &Operation::Declared(const wchar_t *word, SwitchKind kind) const {
     const SwitchSpec *spec = DeclaredSwitch(row, word);
     if (spec == nullptr)
         throw std::logic_error("the operation's row does not declare " + Narrow(word));
-    if (spec->kind != kind || spec->need == SwitchNeed::Optional || spec->need == SwitchNeed::Hidden)
-        throw std::logic_error("the operation's row declares " + Narrow(word) + " as another kind or as optional");
+    if (spec->kind != kind)
+        throw std::logic_error("the operation's row declares " + Narrow(word) + " as another kind");
     return *spec;
+}
+
+const SwitchSpec &Operation::Needed(const wchar_t *word, SwitchKind kind) const {
+    const SwitchSpec &spec = Declared(word, kind);
+    if (spec.need == SwitchNeed::Optional || spec.need == SwitchNeed::Hidden)
+        throw std::logic_error("the operation's row declares " + Narrow(word) + " as optional");
+    return spec;
 }
 
 const wchar_t *Operation::Required(const wchar_t *word) const {
@@ -72,6 +80,58 @@ const CCommandLine::ValueList &Operation::RequiredList(const wchar_t *word) cons
     if (values.empty())
         UsageFault(spec.message);
     return values;
+}
+
+bool Operation::Has(const wchar_t *word) const {
+    Declared(word, SwitchKind::Flag);
+    return cl.IsPresent(word);
+}
+
+const wchar_t *Operation::Optional(const wchar_t *word) const {
+    Declared(word, SwitchKind::Value);
+    return cl.SingleValue(word);
+}
+
+const CCommandLine::ValueList *Operation::OptionalList(const wchar_t *word) const {
+    Declared(word, SwitchKind::List);
+    return cl.Values(word);
+}
+
+bool Operation::OptionalMountPoint(std::wstring &mountPoint) const {
+    Declared(sw::d, SwitchKind::MountPoint);
+    return cl.MountPointInto(mountPoint);
+}
+
+unsigned Operation::Number(const wchar_t *word, unsigned absent) const {
+    Declared(word, SwitchKind::Number);
+    return cl.IsPresent(word) ? cl.SingleNumber(word) : absent;
+}
+
+std::optional<const wchar_t *> Operation::YesNo(const wchar_t *word) const {
+    Declared(word, SwitchKind::YesNo);
+    if (!cl.IsPresent(word))
+        return std::nullopt;
+    return cl.SingleValue(word);
+}
+
+bool Operation::YesUnlessNo() const {
+    Declared(sw::u, SwitchKind::YesNo);
+    return cl.YesUnlessNo();
+}
+
+const wchar_t *Operation::Machine() const {
+    Declared(sw::m, SwitchKind::Machine);
+    return cl.MachineName();
+}
+
+const wchar_t *Operation::Password() const {
+    Declared(sw::pwd, SwitchKind::Password);
+    return cl.Password();
+}
+
+void Operation::InitiatorPairs(std::vector<InitiatorPair> &pairs) const {
+    Declared(sw::I, SwitchKind::List);
+    GetInitiatorList(cl, pairs);
 }
 
 void Operation::Usage(const wchar_t *word) const {

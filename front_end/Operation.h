@@ -6,13 +6,16 @@
 #include "front_end/CommandLine.h"
 #include "front_end/Help.h"
 
+#include <optional>
 #include <string>
+#include <vector>
+
+struct InitiatorPair; // front_end/ListArgs.h
 
 class Operation {
 public:
-    Operation(const CCommandLine &switches, const OperationRow &operationRow) : cl(switches), row(operationRow) {}
+    Operation(const CCommandLine &switches, const OperationRow &operationRow) : row(operationRow), cl(switches) {}
 
-    const CCommandLine &cl;
     const OperationRow &row;
 
     // A switch the row declares as needed (required, an alternative, or
@@ -24,6 +27,21 @@ public:
     void RequiredFlag(const wchar_t *word) const;                           // SwitchKind::Flag: present, with or without values
     const CCommandLine::ValueList &RequiredList(const wchar_t *word) const; // SwitchKind::List: at least one value
 
+    // A switch the row declares, whatever its need, read without a fault of
+    // its own: the handler decides what absent or malformed means.
+    bool Has(const wchar_t *word) const;                                    // SwitchKind::Flag: present, with or without values
+    const wchar_t *Optional(const wchar_t *word) const;                     // SwitchKind::Value: null unless exactly one value
+    const CCommandLine::ValueList *OptionalList(const wchar_t *word) const; // SwitchKind::List: null when absent
+    bool OptionalMountPoint(std::wstring &mountPoint) const;                // -d, SwitchKind::MountPoint: false when unusable
+    unsigned Number(const wchar_t *word, unsigned absent) const; // SwitchKind::Number: given, all-ones unless one value
+    // SwitchKind::YesNo: nothing when absent, else the one value (null when
+    // not exactly one); the handler says which answers it takes.
+    std::optional<const wchar_t *> YesNo(const wchar_t *word) const;
+    bool YesUnlessNo() const;                                     // -u, SwitchKind::YesNo
+    const wchar_t *Machine() const;                               // -m, SwitchKind::Machine: null means local
+    const wchar_t *Password() const;                              // -pwd, SwitchKind::Password: null when absent
+    void InitiatorPairs(std::vector<InitiatorPair> &pairs) const; // -I, SwitchKind::List, as node and initiator pairs
+
     // The usage fault with the message the row gives the switch: one that is
     // missing in a way the handler tells, or whose value cannot be used.
     [[noreturn]] void Usage(const wchar_t *word) const;
@@ -33,7 +51,12 @@ public:
     [[noreturn]] void UsageFault(unsigned messageId) const;
 
 private:
+    const SwitchSpec &Declared(const wchar_t *word, SwitchKind kind) const;
     const SwitchSpec &Needed(const wchar_t *word, SwitchKind kind) const;
+
+    // Read only through the accessors above, so that every read is checked
+    // against the row.
+    const CCommandLine &cl;
 };
 
 // The row's declaration of word, or null. A handler that asks for a word its

@@ -6,7 +6,7 @@
 // switches come first.
 #pragma once
 
-#include "front_end/CommandLine.h"
+#include "front_end/Operation.h"
 #include "service/EventSinks.h"
 #include "service/ServiceAccess.h"
 
@@ -23,14 +23,15 @@ public:
         CreateServiceInterface(machineName, clsid, m_service);
         ConnectSinks();
     }
-    ServiceSession(const CCommandLine &cl, REFCLSID clsid) : ServiceSession(cl.MachineName(), clsid) {}
-    ServiceSession(const CCommandLine &cl, REFCLSID clsid, SinksLater) {
-        CreateServiceInterface(cl.MachineName(), clsid, m_service);
+    // On the machine the operation's -m names, read through its row.
+    ServiceSession(const Operation &operation, REFCLSID clsid) : ServiceSession(operation.Machine(), clsid) {}
+    ServiceSession(const Operation &operation, REFCLSID clsid, SinksLater) {
+        CreateServiceInterface(operation.Machine(), clsid, m_service);
     }
     // For handlers that answer with a "Failed to ..." line: a sink that cannot
     // be connected is the handler's refusal, its HRESULT kept in lastHr.
-    ServiceSession(const CCommandLine &cl, REFCLSID clsid, HRESULT &lastHr) {
-        CreateServiceInterface(cl.MachineName(), clsid, m_service);
+    ServiceSession(const Operation &operation, REFCLSID clsid, HRESULT &lastHr) {
+        CreateServiceInterface(operation.Machine(), clsid, m_service);
         try {
             ConnectSinks();
         } catch (const AlertUserException &failure) {

@@ -22,8 +22,7 @@ using OwnedInitiatorList = OwnedRecord<InitiatorList, FreeInitiatorList>;
 } // namespace
 
 void FcpInitiatorList(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
-    ServiceSession<IFcp> fcp(cl, CLSID_VirtualDiskService);
+    ServiceSession<IFcp> fcp(operation, CLSID_VirtualDiskService);
     // The host whose initiators are asked for: this computer, whichever machine
     // runs the service (-m only chooses where the service object is created).
     // Without a name the service is asked about an empty one.
@@ -33,7 +32,7 @@ void FcpInitiatorList(const Operation &operation) {
     const HRESULT hr = fcp->ListFcpInitiators(computer.c_str(), initiators.Out());
     const DWORD lastError = GetLastError();
     if (hr != S_OK) {
-        const wchar_t *machine = cl.MachineName();
+        const wchar_t *machine = operation.Machine();
         Print(L"Error %d obtaining FCP initiators on machine %ls. Status 0x%x.\n", static_cast<int>(lastError),
               machine != nullptr ? machine : L"", static_cast<unsigned>(hr));
         return;

@@ -10,7 +10,7 @@ namespace {
 void DeleteGroup(const Operation &operation, HRESULT &hr) {
     const wchar_t *storageSystem = operation.Required(sw::f);
     const wchar_t *groupName = operation.Required(sw::ig);
-    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(operation.cl, CLSID_VirtualDiskService, hr);
+    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(operation, CLSID_VirtualDiskService, hr);
     Print(L"\nDeleting the Initiator group ...\n");
     hr = igroup->DeleteIGroup(storageSystem, groupName);
     if (hr != S_OK) {
@@ -24,7 +24,7 @@ void RenameGroup(const Operation &operation, HRESULT &hr) {
     const wchar_t *storageSystem = operation.Required(sw::f);
     const wchar_t *groupName = operation.Required(sw::ig);
     const wchar_t *newName = operation.Required(sw::igNew);
-    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(operation.cl, CLSID_VirtualDiskService, hr);
+    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(operation, CLSID_VirtualDiskService, hr);
     Print(L"\nRenaming the Initiator group ...\n");
     hr = igroup->RenameIGroup(storageSystem, groupName, newName);
     if (hr != S_OK) {

@@ -24,7 +24,7 @@ constexpr size_t kInitiatorNameChars = sizeof(InitiatorNameField::wszName) / siz
 // name), all of one node.
 std::vector<InitiatorPair> InitiatorPairs(const Operation &operation) {
     std::vector<InitiatorPair> pairs;
-    GetInitiatorList(operation.cl, pairs);
+    operation.InitiatorPairs(pairs);
     if (pairs.empty())
         operation.Usage(sw::I);
     for (const InitiatorPair &pair : pairs)
@@ -56,7 +56,7 @@ void CreateGroup(const Operation &operation, HRESULT &hr) {
         operation.Usage(sw::ig);
     const wchar_t *storageSystem = operation.Required(sw::f);
 
-    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(operation.cl, CLSID_VirtualDiskService, hr);
+    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(operation, CLSID_VirtualDiskService, hr);
 
     // Os type and group type stay 0: the storage system picks them.
     IGroupInfo group = {};

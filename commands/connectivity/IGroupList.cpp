@@ -44,7 +44,7 @@ void PrintGroup(const IGroupInfo &group) {
 
 void ListGroups(const Operation &operation, HRESULT &hr) {
     const wchar_t *storageSystem = operation.Required(sw::f);
-    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(operation.cl, CLSID_VirtualDiskService, hr);
+    ServiceSession<IIGroup, CVirtualDiskEvents> igroup(operation, CLSID_VirtualDiskService, hr);
     Print(L"\nListing the Initiator groups ...\n");
     OwnedIGroupList groups;
     hr = igroup->ListIGroups(storageSystem, groups.Out());

@@ -33,8 +33,8 @@ struct SessionRequest {
 
 // 0 when the switch is absent, as the HBA and its portal default to the
 // host's software initiator.
-DWORD NumberOrZero(const CCommandLine &cl, const wchar_t *word) {
-    const wchar_t *value = cl.SingleValue(word);
+DWORD NumberOrZero(const Operation &operation, const wchar_t *word) {
+    const wchar_t *value = operation.Optional(word);
     return value != nullptr ? static_cast<DWORD>(_wtol(value)) : 0;
 }
 
@@ -49,14 +49,13 @@ DWORD AddressOf(const std::wstring &text) {
 }
 
 SessionRequest ReadRequest(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
     SessionRequest request;
     request.target = operation.Required(sw::t);
-    const CCommandLine::ValueList *portal = cl.Values(sw::np);
-    if (portal == nullptr || portal->size() != 2)
+    const CCommandLine::ValueList &portal = operation.RequiredList(sw::np);
+    if (portal.size() != 2)
         operation.Usage(sw::np);
-    if (cl.IsPresent(sw::c)) {
-        const CCommandLine::ValueList &chap = *cl.Values(sw::c);
+    if (const CCommandLine::ValueList *given = operation.OptionalList(sw::c)) {
+        const CCommandLine::ValueList &chap = *given;
         if (chap.empty() || chap.size() > 2)
             operation.Usage(sw::c); // no message of its own: the usage shows the CHAP name and password
         request.chapName = chap[0].c_str();
@@ -64,16 +63,16 @@ SessionRequest ReadRequest(const Operation &operation) {
             request.chapPassword = chap[1].c_str();
     }
     // Neither the address nor the port is checked here: the service decides.
-    request.targetAddress = AddressOf((*portal)[0]);
-    request.targetPort = static_cast<DWORD>(_wtol((*portal)[1].c_str()));
-    request.hbaId = NumberOrZero(cl, sw::h);
-    request.initiatorPortalId = NumberOrZero(cl, sw::hp);
+    request.targetAddress = AddressOf(portal[0]);
+    request.targetPort = static_cast<DWORD>(_wtol(portal[1].c_str()));
+    request.hbaId = NumberOrZero(operation, sw::h);
+    request.initiatorPortalId = NumberOrZero(operation, sw::hp);
     return request;
 }
 
 // The name the host is asked about: the -m machine, else this computer.
-std::wstring HostName(const CCommandLine &cl) {
-    const wchar_t *machine = cl.MachineName();
+std::wstring HostName(const Operation &operation) {
+    const wchar_t *machine = operation.Machine();
     if (machine != nullptr) // an empty name is a name too: it is asked about as given
         return machine;
     std::wstring name;
@@ -84,9 +83,9 @@ std::wstring HostName(const CCommandLine &cl) {
     return name;
 }
 
-bool HostAllowsSeveralSessions(const CCommandLine &cl) {
-    const std::wstring host = HostName(cl);
-    ServiceSession<IInitiator> initiator(cl, CLSID_VirtualDiskService);
+bool HostAllowsSeveralSessions(const Operation &operation) {
+    const std::wstring host = HostName(operation);
+    ServiceSession<IInitiator> initiator(operation, CLSID_VirtualDiskService);
     InitiatorCapabilities *capabilities = nullptr;
     const HRESULT hr = initiator->GetInitiatorCapabilities(host.c_str(), &capabilities);
     CoTaskPtr<InitiatorCapabilities> owned(capabilities);
@@ -117,9 +116,9 @@ bool SameSession(const IscsiSession &session, const SessionRequest &request) {
 
 // An identical session is refused first (6016); a further session to a target
 // that has one is refused (6017) only when the host allows one per target.
-void RefuseDuplicate(IIscsi *iscsi, const CCommandLine &cl, const SessionRequest &request) {
+void RefuseDuplicate(IIscsi *iscsi, const Operation &operation, const SessionRequest &request) {
     OwnedConnectedTargets targets;
-    CheckServiceCall(iscsi->ListSessions(cl.MachineName(), targets.Out()), MSG_LIST_SESSIONS_FAILED);
+    CheckServiceCall(iscsi->ListSessions(operation.Machine(), targets.Out()), MSG_LIST_SESSIONS_FAILED);
     for (DWORD t = 0; targets->pTargets != nullptr && t < targets->dwCount; ++t) {
         const IscsiConnectedTarget &target = targets->pTargets[t];
         if (!HasField(target.dwMask, 1) || target.wszTargetName == nullptr || wcscmp(target.wszTargetName, request.target) != 0)
@@ -129,7 +128,7 @@ void RefuseDuplicate(IIscsi *iscsi, const CCommandLine &cl, const SessionRequest
         for (DWORD s = 0; s < target.dwSessionCount; ++s)
             if (SameSession(target.pSessions[s], request))
                 throw LocalErrorException(MSG_SESSION_EXISTS);
-        if (!HostAllowsSeveralSessions(cl))
+        if (!HostAllowsSeveralSessions(operation))
             throw LocalErrorException(MSG_MULTIPLE_SESSIONS_NOT_SUPPORTED);
     }
 }
@@ -153,15 +152,14 @@ wchar_t *CopyOrThrow(const wchar_t *text) {
 } // namespace
 
 void IscsiInitiatorEstablishSession(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
     SessionRequest request = ReadRequest(operation);
     // A secret typed at the prompt never shows in the process list, as one on
     // the command line does.
     const SecretText typedSecret = request.chapName != nullptr && request.chapPassword == nullptr ? ReadPassword() : SecretText();
     if (request.chapName != nullptr && request.chapPassword == nullptr)
         request.chapPassword = typedSecret.Get();
-    ServiceSession<IIscsi> iscsi(cl, CLSID_VirtualDiskService);
-    RefuseDuplicate(iscsi.Get(), cl, request);
+    ServiceSession<IIscsi> iscsi(operation, CLSID_VirtualDiskService);
+    RefuseDuplicate(iscsi.Get(), operation, request);
 
     CoTaskPtr<IscsiConnection> connection = AllocateSentRecords<IscsiConnection>(1, MSG_ESTABLISH_SESSION_FAILED);
     connection.Get()->dwMask = 4 | 8;
@@ -188,6 +186,6 @@ void IscsiInitiatorEstablishSession(const Operation &operation) {
     chap.Get()->wszPassword = chapPassword.text.Get();
 
     RequestPacketPrivacy(iscsi.Get()); // the CHAP record carries the password
-    CheckServiceCall(iscsi->EstablishSession(cl.MachineName(), request.target, session.Get(), chap.Get()),
+    CheckServiceCall(iscsi->EstablishSession(operation.Machine(), request.target, session.Get(), chap.Get()),
                      MSG_ESTABLISH_SESSION_FAILED);
 }

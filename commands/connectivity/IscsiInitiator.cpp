@@ -10,21 +10,19 @@
 #include "service/ServiceSession.h"
 
 void IscsiInitiatorList(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
     // -s only selects the session list; it carries no value.
     operation.RequiredFlag(sw::s);
-    ServiceSession<IIscsi> iscsi(cl, CLSID_VirtualDiskService);
+    ServiceSession<IIscsi> iscsi(operation, CLSID_VirtualDiskService);
     OwnedConnectedTargets targets;
-    CheckServiceCall(iscsi->ListSessions(cl.MachineName(), targets.Out()), MSG_LIST_SESSIONS_FAILED);
+    CheckServiceCall(iscsi->ListSessions(operation.Machine(), targets.Out()), MSG_LIST_SESSIONS_FAILED);
     PrintConnectedTargetList(L"\t", targets.Get());
 }
 
 void IscsiInitiatorTerminateSession(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
     uint64_t first = 0, second = 0;
     if (!ParseIdentifierPair(operation.Required(sw::s), first, second))
         operation.Usage(sw::s);
-    ServiceSession<IIscsi> iscsi(cl, CLSID_VirtualDiskService);
+    ServiceSession<IIscsi> iscsi(operation, CLSID_VirtualDiskService);
     // The session is named by its id alone; everything else stays zero.
     CoTaskPtr<IscsiSession> owned = AllocateSentRecords<IscsiSession>(1, MSG_TERMINATE_SESSION_FAILED);
     IscsiSession *session = owned.Get();
@@ -32,5 +30,5 @@ void IscsiInitiatorTerminateSession(const Operation &operation) {
     session->ullSessionId1 = first;
     session->ullSessionId2 = second;
     session->dwInitiatorType = 1;
-    CheckServiceCall(iscsi->TerminateSession(cl.MachineName(), session), MSG_TERMINATE_SESSION_FAILED);
+    CheckServiceCall(iscsi->TerminateSession(operation.Machine(), session), MSG_TERMINATE_SESSION_FAILED);
 }

@@ -9,15 +9,14 @@
 
 void IscsiTargetList(const Operation &operation) {
     const wchar_t *storageSystem = operation.Required(sw::f);
-    ServiceSession<IIscsi> iscsi(operation.cl, CLSID_VirtualDiskService);
+    ServiceSession<IIscsi> iscsi(operation, CLSID_VirtualDiskService);
     OwnedStorageTargets targets;
     CheckServiceCall(iscsi->ListTargets(storageSystem, targets.Out()), MSG_LIST_TARGETS_FAILED);
     PrintStorageTargetList(targets.Get());
 }
 
 void IscsiTargetDisconnect(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
     const wchar_t *target = operation.Required(sw::t);
-    ServiceSession<IIscsi> iscsi(cl, CLSID_VirtualDiskService);
-    CheckServiceCall(iscsi->DisconnectTarget(cl.MachineName(), target), MSG_DISCONNECT_TARGET_FAILED);
+    ServiceSession<IIscsi> iscsi(operation, CLSID_VirtualDiskService);
+    CheckServiceCall(iscsi->DisconnectTarget(operation.Machine(), target), MSG_DISCONNECT_TARGET_FAILED);
 }

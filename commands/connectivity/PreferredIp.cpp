@@ -35,8 +35,7 @@ using DiskService = ServiceSession<IVirtualDisk, CVirtualDiskEvents>;
 } // namespace
 
 void PreferredIpList(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
-    DiskService service(cl, CLSID_VirtualDiskService);
+    DiskService service(operation, CLSID_VirtualDiskService);
     OwnedPreferredIPTable table;
     CheckServiceCall(service->GetPreferredIPs(table.Out()), MSG_GET_PREFERRED_IPS_FAILED);
     if (table->dwCount == 0 || table->pEntries == nullptr) {
@@ -50,13 +49,12 @@ void PreferredIpList(const Operation &operation) {
 }
 
 void PreferredIpSet(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
     const wchar_t *storageSystem = StorageSystem(operation);
     const wchar_t *address = operation.Required(sw::IP);
     if (!IsValidIpv4Address(address))
         throw LocalErrorException(MSG_INVALID_IP_ADDRESS);
 
-    DiskService service(cl, CLSID_VirtualDiskService);
+    DiskService service(operation, CLSID_VirtualDiskService);
     OwnedPreferredIPTable table;
     CheckServiceCall(service->GetPreferredIPs(table.Out()), MSG_GET_PREFERRED_IPS_FAILED);
     const DWORD count = table->pEntries != nullptr ? table->dwCount : 0;
@@ -75,10 +73,9 @@ void PreferredIpSet(const Operation &operation) {
 }
 
 void PreferredIpDelete(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
     const wchar_t *storageSystem = StorageSystem(operation);
 
-    DiskService service(cl, CLSID_VirtualDiskService);
+    DiskService service(operation, CLSID_VirtualDiskService);
     OwnedPreferredIPTable table;
     CheckServiceCall(service->GetPreferredIPs(table.Out()), MSG_GET_PREFERRED_IPS_FAILED);
     const DWORD count = table->pEntries != nullptr ? table->dwCount : 0;

@@ -20,7 +20,7 @@ constexpr DWORD kHttps = 3;
 
 // "#!Default#!SSProtocol" with -default, else the -f value.
 const wchar_t *EntryName(const Operation &operation) {
-    if (operation.cl.IsPresent(sw::default_))
+    if (operation.Has(sw::default_))
         return kDefaultProtocolEntry;
     return operation.Required(sw::f);
 }
@@ -40,33 +40,28 @@ const ProtocolType &ReadType(const Operation &operation) {
     operation.UsageFault(MSG_USAGE_INVALID_PROTOCOL_TYPE);
 }
 
-// A given -port replaces the type's port with the number as _wtoi reads it:
-// text that is no number sends 0, and the service judges the port.
-DWORD ReadPort(const CCommandLine &cl, DWORD defaultPort) {
-    return cl.IsPresent(sw::port) ? cl.SingleNumber(sw::port) : defaultPort;
-}
-
 // Only an absent -pwd prompts. Given without a value or with several, the
 // password is empty and nothing is asked.
-SecretText ReadPasswordSwitch(const CCommandLine &cl) {
-    const wchar_t *given = cl.Password();
+SecretText ReadPasswordSwitch(const Operation &operation) {
+    const wchar_t *given = operation.Password();
     return given != nullptr ? SecretText(given) : ReadPassword();
 }
 
 void SetProtocol(const Operation &operation, HRESULT &hr) {
-    const CCommandLine &cl = operation.cl;
-    ServiceSession<ITransportProtocol, CVirtualDiskEvents> protocols(cl, CLSID_VirtualDiskService, hr);
+    ServiceSession<ITransportProtocol, CVirtualDiskEvents> protocols(operation, CLSID_VirtualDiskService, hr);
     OwnedProtocolRecord record;
 
-    const bool isDefault = cl.IsPresent(sw::default_);
+    const bool isDefault = operation.Has(sw::default_);
     record.SetText(&TransportProtocolInfo::wszName, EntryName(operation));
     const ProtocolType &type = ReadType(operation);
     record.Get()->dwProtocolType = type.type;
-    record.Get()->dwPort = ReadPort(cl, type.port);
+    // A given -port replaces the type's port with the number as _wtoi reads
+    // it: text that is no number sends 0, and the service judges the port.
+    record.Get()->dwPort = operation.Number(sw::port, type.port);
     if (type.type != kRpc) {
         const wchar_t *user = operation.Required(sw::user);
         record.SetText(&TransportProtocolInfo::wszUserName, user);
-        const SecretText password = ReadPasswordSwitch(cl);
+        const SecretText password = ReadPasswordSwitch(operation);
         record.SetText(&TransportProtocolInfo::wszPassword, password.Get());
     }
 
@@ -86,7 +81,7 @@ void SetProtocol(const Operation &operation, HRESULT &hr) {
 
 void DeleteProtocol(const Operation &operation, HRESULT &hr) {
     const wchar_t *entryName = EntryName(operation);
-    ServiceSession<ITransportProtocol, CVirtualDiskEvents> protocols(operation.cl, CLSID_VirtualDiskService, hr);
+    ServiceSession<ITransportProtocol, CVirtualDiskEvents> protocols(operation, CLSID_VirtualDiskService, hr);
     CoTaskPtr<wchar_t> name(CoTaskStrDup(entryName));
     if (name.Get() == nullptr)
         throw AlertUserException(MSG_DELETE_TRANSPORT_PROTOCOL_FAILED, E_OUTOFMEMORY);

@@ -83,8 +83,8 @@ void PrintProtocols(const TransportProtocolList &list) {
     }
 }
 
-void ListProtocols(const CCommandLine &cl, HRESULT &hr) {
-    ServiceSession<ITransportProtocol, CVirtualDiskEvents> protocols(cl, CLSID_VirtualDiskService, hr);
+void ListProtocols(const Operation &operation, HRESULT &hr) {
+    ServiceSession<ITransportProtocol, CVirtualDiskEvents> protocols(operation, CLSID_VirtualDiskService, hr);
     OwnedTransportProtocolList list;
     hr = protocols->ListTransportProtocols(list.Out(), FALSE);
     CheckServiceCall(hr, MSG_LIST_TRANSPORT_PROTOCOLS_FAILED);
@@ -95,5 +95,5 @@ void ListProtocols(const CCommandLine &cl, HRESULT &hr) {
 
 void ListTransportProtocolSettings(const Operation &operation) {
     RunWithFailureLine(FailureOutput::Wide, "\nFailed to list tranport protocol. Error code %d\t hr=0x%lxd\n\n",
-                       [&](HRESULT &hr) { ListProtocols(operation.cl, hr); });
+                       [&](HRESULT &hr) { ListProtocols(operation, hr); });
 }

@@ -8,7 +8,7 @@
 #include "service/ServiceSession.h"
 
 void DiskDelete(const Operation &operation) {
-    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(operation.cl, CLSID_VirtualDiskService);
+    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(operation, CLSID_VirtualDiskService);
 
     // A LUN path goes to the service as it is: a LUN that is not connected can be deleted too.
     const DiskTarget target = NameDisk(disk.Get(), operation, PathLookup::SplitOnly, MSG_DELETE_DISK_FAILED);

@@ -9,15 +9,14 @@
 #include "service/ServiceSession.h"
 
 void DiskDisconnect(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
-    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(cl, CLSID_VirtualDiskService);
+    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(operation, CLSID_VirtualDiskService);
 
     // Only a LUN that is connected to this host can be disconnected from it.
     const DiskTarget target = NameDisk(disk.Get(), operation, PathLookup::MustBeConnected);
 
     PrintLocalError(MSG_PLEASE_WAIT);
     // -f is a flag: its presence forces the disconnection, whatever follows it.
-    const bool force = cl.IsPresent(sw::f);
+    const bool force = operation.Has(sw::f);
     const wchar_t *storageSystem = target.storageSystem.c_str();
     const wchar_t *storageSystemPath = target.storageSystemPath.c_str();
     const HRESULT hr = force ? disk->DisconnectDiskForced(storageSystem, storageSystemPath, 0, 0)

@@ -38,10 +38,11 @@ uint64_t ReadExpandSize(const Operation &operation) {
     return megabytes;
 }
 
-unsigned ReadSpaceReservation(const CCommandLine &cl) {
-    if (!cl.IsPresent(sw::rs))
+unsigned ReadSpaceReservation(const Operation &operation) {
+    const std::optional<const wchar_t *> answer = operation.YesNo(sw::rs);
+    if (!answer)
         return kReserveAbsent;
-    const wchar_t *text = cl.SingleValue(sw::rs);
+    const wchar_t *text = *answer;
     if (text == nullptr)
         return kReserveInvalid;
     if (_wcsicmp(text, L"y") == 0)
@@ -105,8 +106,7 @@ void ExpandAndShow(IVirtualDisk *disk, const DiskTarget &target, uint64_t size) 
 } // namespace
 
 void DiskExpand(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
-    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(cl, CLSID_VirtualDiskService);
+    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(operation, CLSID_VirtualDiskService);
 
     const uint64_t size = ReadExpandSize(operation);
     const DiskTarget target = NameDisk(disk.Get(), operation, PathLookup::SplitOnly, MSG_EXPAND_DISK_FAILED);
@@ -117,7 +117,7 @@ void DiskExpand(const Operation &operation) {
     CheckServiceCall(disk->GetExpandLimits(target.storageSystem.c_str(), target.storageSystemPath.c_str(), &limits),
                      MSG_EXPAND_DISK_FAILED);
 
-    const unsigned reservation = ReadSpaceReservation(cl);
+    const unsigned reservation = ReadSpaceReservation(operation);
     if (reservation == kReserveInvalid)
         operation.Usage(sw::rs);
     // Without -rs the space for snapshot copies stays reserved.

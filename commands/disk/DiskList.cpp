@@ -51,8 +51,7 @@ void ListBasic(IVirtualDisk *disk) {
 } // namespace
 
 void DiskList(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
-    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(cl, CLSID_VirtualDiskService, SinksLater{});
+    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(operation, CLSID_VirtualDiskService, SinksLater{});
     // An older service has no IVirtualDisk2: it gets the basic listing. The
     // question is asked before the sink is connected.
     ComPtr<IVirtualDisk2> disk2;

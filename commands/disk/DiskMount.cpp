@@ -23,18 +23,17 @@ MountRequest ReadMountRequest(const Operation &operation) {
 } // namespace
 
 void DiskAddMount(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
     // The service is reached before the switches are read: an unreachable
     // service is reported even for an incomplete command line.
-    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(cl, CLSID_VirtualDiskService);
+    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(operation, CLSID_VirtualDiskService);
 
     const MountRequest request = ReadMountRequest(operation);
-    const boolean createFolder = cl.IsPresent(sw::create_folder) ? 1 : 0;
+    const boolean createFolder = operation.Has(sw::create_folder) ? 1 : 0;
     CheckServiceCall(disk->AddMountPoint(request.volumeName, request.mountPoint, createFolder), MSG_ADD_MOUNT_POINT_FAILED);
 }
 
 void DiskRemoveMount(const Operation &operation) {
-    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(operation.cl, CLSID_VirtualDiskService);
+    ServiceSession<IVirtualDisk, CVirtualDiskEvents> disk(operation, CLSID_VirtualDiskService);
 
     const MountRequest request = ReadMountRequest(operation);
     CheckServiceCall(disk->RemoveMountPoint(request.volumeName, request.mountPoint), MSG_REMOVE_MOUNT_POINT_FAILED);

@@ -18,8 +18,8 @@ void PrintIncorrectPathOfOperation() {
 DiskTarget NameDisk(IVirtualDisk *disk, const Operation &operation, PathLookup lookup, unsigned badPathMessage) {
     // A switch given twice, or without a value, names nothing: it counts as absent.
     std::wstring mountPoint;
-    const bool byMountPoint = operation.cl.MountPointInto(mountPoint);
-    const wchar_t *path = operation.cl.SingleValue(sw::p);
+    const bool byMountPoint = operation.OptionalMountPoint(mountPoint);
+    const wchar_t *path = operation.Optional(sw::p);
     if (byMountPoint == (path != nullptr))
         operation.Usage(sw::p);
 

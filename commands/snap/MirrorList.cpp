@@ -61,8 +61,7 @@ void ListMountPoints(ISnapShotDrives *drives, const CCommandLine::ValueList &val
 } // namespace
 
 void ListMirrors(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
-    ServiceSession<ISnapShotMount> mount(cl, CLSID_SnapShotService);
+    ServiceSession<ISnapShotMount> mount(operation, CLSID_SnapShotService);
     // Both interfaces come from the one object; a service without the second is unusable here.
     ComPtr<ISnapShotDrives> drives;
     const HRESULT hr = mount.As(&drives);
@@ -71,7 +70,7 @@ void ListMirrors(const Operation &operation) {
 
     // A single mount point wins over a list.
     std::wstring mountPoint;
-    if (cl.MountPointInto(mountPoint)) {
+    if (operation.OptionalMountPoint(mountPoint)) {
         ListOneMountPoint(mount.Get(), mountPoint);
         return;
     }

@@ -45,10 +45,9 @@ SentSnapshotCreateRequest BuildRequest(const std::vector<std::wstring> &mountPoi
 } // namespace
 
 void SnapCreate(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
     // The service and its sink come first: a machine that cannot be reached is
     // reported before any mistake in the switches.
-    ServiceSession<ISnapShotCreate, CSnapShotEvents> service(cl, CLSID_SnapShotService);
+    ServiceSession<ISnapShotCreate, CSnapShotEvents> service(operation, CLSID_SnapShotService);
 
     const std::wstring name = operation.RequiredText(sw::s);
     if (HasForbiddenSnapshotCharacter(name))
@@ -60,8 +59,8 @@ void SnapCreate(const Operation &operation) {
     PrintLocalError(MSG_PLEASE_WAIT);
 
     // Mount points go to the service as typed, duplicates included.
-    const SentSnapshotCreateRequest request = BuildRequest(mountPoints, cl.IsPresent(sw::x));
-    const BOOL updateMirror = cl.YesUnlessNo() ? TRUE : FALSE;
+    const SentSnapshotCreateRequest request = BuildRequest(mountPoints, operation.Has(sw::x));
+    const BOOL updateMirror = operation.YesUnlessNo() ? TRUE : FALSE;
 
     // What the user sees of the result is what the sink printed during the call.
     CheckServiceCall(service->CreateSnapshot(request.Get(), name.c_str(), updateMirror), MSG_CREATE_SNAPSHOT_FAILED);

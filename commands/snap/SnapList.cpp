@@ -61,10 +61,9 @@ void ListVolume(const std::wstring &storageSystem, const std::wstring &volume) {
 } // namespace
 
 void SnapList(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
-    const wchar_t *machine = cl.MachineName();
-    const std::wstring volume = cl.SingleValueOrEmpty(sw::sdv);
-    const std::wstring storageSystem = cl.SingleValueOrEmpty(sw::sdf);
+    const wchar_t *machine = operation.Machine();
+    const std::wstring volume = OrEmpty(operation.Optional(sw::sdv));
+    const std::wstring storageSystem = OrEmpty(operation.Optional(sw::sdf));
     if (!volume.empty() && !storageSystem.empty()) {
         ListVolume(storageSystem, volume);
         return;
@@ -73,7 +72,7 @@ void SnapList(const Operation &operation) {
         operation.Usage(sw::sdf);
 
     std::wstring mountPoint;
-    if (cl.MountPointInto(mountPoint)) {
+    if (operation.OptionalMountPoint(mountPoint)) {
         ListOneLun(machine, mountPoint);
         return;
     }

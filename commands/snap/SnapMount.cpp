@@ -28,18 +28,17 @@ MountTarget RequireMountTarget(const Operation &operation) {
 
 // Absent, the live machine goes as the empty string: the service then takes
 // its own machine.
-const wchar_t *LiveMachine(const CCommandLine &cl) {
-    const wchar_t *machine = cl.SingleValue(sw::r);
+const wchar_t *LiveMachine(const Operation &operation) {
+    const wchar_t *machine = operation.Optional(sw::r);
     return machine != nullptr ? machine : L"";
 }
 
 // The older mount knows neither Reflexa volumes nor the try-drive flag: every
 // switch beyond the machines, the snapshot and the two mount points is ignored.
 void MountOld(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
-    ServiceSession<ISnapShotInfo, CSnapShotEvents> info(cl, CLSID_SnapShotService);
+    ServiceSession<ISnapShotInfo, CSnapShotEvents> info(operation, CLSID_SnapShotService);
     const MountTarget target = RequireMountTarget(operation);
-    const SnapRequestString liveMachine(LiveMachine(cl), MSG_MOUNT_SNAPSHOT_FAILED);
+    const SnapRequestString liveMachine(LiveMachine(operation), MSG_MOUNT_SNAPSHOT_FAILED);
     PrintSnapWaitMessage();
     const SnapRequestString liveMountPoint(target.liveMountPoint, MSG_MOUNT_SNAPSHOT_FAILED);
     const SnapRequestString snapshotName(target.snapshotName, MSG_MOUNT_SNAPSHOT_FAILED);
@@ -51,39 +50,37 @@ void MountOld(const Operation &operation) {
 } // namespace
 
 void SnapMount(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
-    if (cl.IsPresent(sw::old)) {
+    if (operation.Has(sw::old)) {
         MountOld(operation);
         return;
     }
     // Both sinks: progress lines and, for a Reflexa volume, the mirror lines.
-    ServiceSession<ISnapShotMount, CSnapShotEvents, CSnapShotEvents2> mount(cl, CLSID_SnapShotService);
+    ServiceSession<ISnapShotMount, CSnapShotEvents, CSnapShotEvents2> mount(operation, CLSID_SnapShotService);
     const MountTarget target = RequireMountTarget(operation);
-    const SnapRequestString liveMachine(LiveMachine(cl), MSG_MOUNT_SNAPSHOT_FAILED);
+    const SnapRequestString liveMachine(LiveMachine(operation), MSG_MOUNT_SNAPSHOT_FAILED);
     // Which volume is mounted is the service's choice from these; any
     // combination is passed on as given, a missing one as null.
-    const SnapRequestString volume(cl.SingleValue(sw::sdv), MSG_MOUNT_SNAPSHOT_FAILED);
-    const SnapRequestString storageSystem(cl.SingleValue(sw::sdf), MSG_MOUNT_SNAPSHOT_FAILED);
-    const LONG number = MountNumber(cl.Values(sw::int_));
+    const SnapRequestString volume(operation.Optional(sw::sdv), MSG_MOUNT_SNAPSHOT_FAILED);
+    const SnapRequestString storageSystem(operation.Optional(sw::sdf), MSG_MOUNT_SNAPSHOT_FAILED);
+    const LONG number = MountNumber(operation.OptionalList(sw::int_));
     PrintSnapWaitMessage();
     const SnapRequestString liveMountPoint(target.liveMountPoint, MSG_MOUNT_SNAPSHOT_FAILED);
     const SnapRequestString snapshotName(target.snapshotName, MSG_MOUNT_SNAPSHOT_FAILED);
     const SnapRequestString mountPoint(target.mountPoint, MSG_MOUNT_SNAPSHOT_FAILED);
-    const boolean reflexaDestination = cl.IsPresent(sw::smdest) ? TRUE : FALSE;
-    const boolean tryDrive = cl.IsPresent(sw::trydrive) ? TRUE : FALSE;
+    const boolean reflexaDestination = operation.Has(sw::smdest) ? TRUE : FALSE;
+    const boolean tryDrive = operation.Has(sw::trydrive) ? TRUE : FALSE;
     CheckServiceCall(mount->MountSnapshot(liveMachine.Get(), liveMountPoint.Get(), snapshotName.Get(), mountPoint.Get(), tryDrive,
                                           reflexaDestination, storageSystem.Get(), volume.Get(), number),
                      MSG_MOUNT_SNAPSHOT_FAILED);
 }
 
 void SnapUnmount(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
-    ServiceSession<ISnapShotManage, CSnapShotEvents> manage(cl, CLSID_SnapShotService);
+    ServiceSession<ISnapShotManage, CSnapShotEvents> manage(operation, CLSID_SnapShotService);
     const SnapRequestString mountPoint(operation.RequiredMountPoint(), MSG_UNMOUNT_SNAPSHOT_FAILED);
     const SnapRequestString reserved(L"", MSG_UNMOUNT_SNAPSHOT_FAILED);
     PrintSnapWaitMessage();
     // A forced unmount goes ahead even while an application holds the disk.
-    const HRESULT hr = cl.IsPresent(sw::f) ? manage->UnmountSnapshotForced(mountPoint.Get(), reserved.Get())
-                                           : manage->UnmountSnapshot(mountPoint.Get(), reserved.Get());
+    const HRESULT hr = operation.Has(sw::f) ? manage->UnmountSnapshotForced(mountPoint.Get(), reserved.Get())
+                                            : manage->UnmountSnapshot(mountPoint.Get(), reserved.Get());
     CheckServiceCall(hr, MSG_UNMOUNT_SNAPSHOT_FAILED);
 }

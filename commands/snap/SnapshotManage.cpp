@@ -19,7 +19,7 @@ using ManageSession = ServiceSession<ISnapShotManage, CSnapShotEvents>;
 } // namespace
 
 void SnapDelete(const Operation &operation) {
-    ManageSession session(operation.cl, CLSID_SnapShotService);
+    ManageSession session(operation, CLSID_SnapShotService);
     const std::wstring name = operation.RequiredText(sw::s);
     const std::wstring mountPoint = operation.RequiredMountPoint();
 
@@ -30,7 +30,7 @@ void SnapDelete(const Operation &operation) {
 }
 
 void SnapRename(const Operation &operation) {
-    ManageSession session(operation.cl, CLSID_SnapShotService);
+    ManageSession session(operation, CLSID_SnapShotService);
     const std::wstring mountPoint = operation.RequiredMountPoint();
     const std::wstring oldName = operation.RequiredText(sw::o);
     // The new name is the service's to judge: it refuses names it cannot use.
@@ -40,7 +40,7 @@ void SnapRename(const Operation &operation) {
 }
 
 void MirrorUpdate(const Operation &operation) {
-    ManageSession session(operation.cl, CLSID_SnapShotService);
+    ManageSession session(operation, CLSID_SnapShotService);
     const std::wstring mountPoint = operation.RequiredMountPoint();
 
     CheckServiceCall(session->UpdateMirror(mountPoint.c_str()), MSG_UPDATE_MIRROR_FAILED);

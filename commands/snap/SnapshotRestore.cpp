@@ -11,7 +11,7 @@
 #include "service/ServiceSession.h"
 
 void SnapshotRestore(const Operation &operation) {
-    ServiceSession<ISnapShotManage, CSnapShotEvents> manage(operation.cl, CLSID_SnapShotService);
+    ServiceSession<ISnapShotManage, CSnapShotEvents> manage(operation, CLSID_SnapShotService);
     const SnapRequestString snapshotName(operation.RequiredText(sw::s), MSG_RESTORE_SNAPSHOT_FAILED);
     const SnapRequestString mountPoint(operation.RequiredMountPoint(), MSG_RESTORE_SNAPSHOT_FAILED);
     PrintSnapWaitMessage();
@@ -19,11 +19,10 @@ void SnapshotRestore(const Operation &operation) {
 }
 
 void VolumeRestore(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
-    ServiceSession<ISnapShotVolumeRestore> restore(cl, CLSID_SnapShotService);
+    ServiceSession<ISnapShotVolumeRestore> restore(operation, CLSID_SnapShotService);
     const VolumeRestoreTarget target = RequireVolumeRestoreTarget(operation);
     // Forced, the service restores past newer snapshot copies and non-LUN files.
-    const boolean force = cl.IsPresent(sw::force) ? TRUE : FALSE;
+    const boolean force = operation.Has(sw::force) ? TRUE : FALSE;
     CheckServiceCall(restore->RestoreVolume(target.storageSystem.Get(), target.volume.Get(), target.snapshotName.Get(), force),
                      MSG_VOLUME_RESTORE_FAILED);
 }

@@ -63,7 +63,7 @@ void PrintNewerSnapshots(const NewerSnapshotList &newer) {
 } // namespace
 
 void VolumeRestoreCheck(const Operation &operation) {
-    ServiceSession<ISnapShotVolumeRestore> restore(operation.cl, CLSID_SnapShotService);
+    ServiceSession<ISnapShotVolumeRestore> restore(operation, CLSID_SnapShotService);
     const VolumeRestoreTarget target = RequireVolumeRestoreTarget(operation);
     OwnedNewerSnapshotList newer;
     OwnedNonLunFileList files;

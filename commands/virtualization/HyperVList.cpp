@@ -112,9 +112,8 @@ void PrintMachine(const VirtualMachineInfo &machine, bool detail) {
 } // namespace
 
 void HyperVList(const Operation &operation) {
-    const CCommandLine &cl = operation.cl;
-    const bool detail = cl.IsPresent(sw::detail);
-    ServiceSession<IHyperV> hyperV(cl, CLSID_HyperVService);
+    const bool detail = operation.Has(sw::detail);
+    ServiceSession<IHyperV> hyperV(operation, CLSID_HyperVService);
     OwnedVirtualMachineList machines;
     CheckServiceCall(hyperV->ListVirtualMachines(detail ? TRUE : FALSE, machines.Out()), MSG_LIST_VIRTUAL_MACHINES_FAILED);
     if (machines->dwCount == 0 || machines->pVms == nullptr) {
