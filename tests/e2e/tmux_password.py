@@ -40,14 +40,23 @@ def digest(password):
 class Pane:
     """One pane of a tmux server of our own (its own socket), killed at the end."""
 
+    panes = 0
+
     def __init__(self, command, env):
-        self.socket = "cvcli-password-%d" % os.getpid()
+        # A server of its own for each pane: kill-server returns before the
+        # old server has gone, and a new session on the same socket could
+        # reach the dying one (on a loaded machine it did: status 1).
+        Pane.panes += 1
+        self.socket = "cvcli-password-%d-%d" % (os.getpid(), Pane.panes)
         self.env = env
         self.tmux("new-session", "-d", "-s", "pw", "-x", "160", "-y", "20", command)
 
     def tmux(self, *args):
-        return subprocess.run(["tmux", "-L", self.socket, "-f", "/dev/null"] + list(args), env=self.env,
-                              stdin=subprocess.DEVNULL, capture_output=True, text=True, check=True).stdout
+        done = subprocess.run(["tmux", "-L", self.socket, "-f", "/dev/null"] + list(args), env=self.env,
+                              stdin=subprocess.DEVNULL, capture_output=True, text=True)
+        if done.returncode != 0:
+            raise AssertionError("tmux %s ended with status %d: %s" % (args[0], done.returncode, done.stderr.strip()))
+        return done.stdout
 
     def keys(self, *keys, literal=False):
         self.tmux("send-keys", "-t", "pw", *(["-l"] if literal else []), *keys)
