@@ -1,6 +1,7 @@
 #include "app/Startup.h"
 
 #include "MessageIds.h"
+#include "app/Apartment.h"
 #include "app/Dispatch.h"
 #include "app/Operations.h"
 #include "front_end/AllocationSpy.h"
@@ -23,22 +24,6 @@ namespace {
 
 // Nothing reads it; kept so a diagnostic build can look at the probe's answer.
 bool g_diskServiceProbed = false;
-
-// Joins the multithreaded apartment for the life of the run.
-class ComApartment {
-public:
-    ComApartment() : m_hr(CoInitializeEx(nullptr, COINIT_MULTITHREADED)) {}
-    ~ComApartment() {
-        if (m_hr == S_OK)
-            CoUninitialize();
-    }
-    ComApartment(const ComApartment &) = delete;
-    ComApartment &operator=(const ComApartment &) = delete;
-    HRESULT Result() const { return m_hr; }
-
-private:
-    HRESULT m_hr;
-};
 
 // Where libraries may come from: the program's own folder and the system
 // folder, never the current directory or PATH, where anyone may have left a
@@ -133,7 +118,7 @@ int RunCvcli(wchar_t **argv) {
     // A script that saves the output must not take a listing that never
     // reached its file (a full disk) for a success.
     const unsigned long writeError = FinishOutput();
-    if (status == S_OK && writeError != 0)
-        return static_cast<int>(HRESULT_FROM_WIN32(writeError));
-    return static_cast<int>(status);
+    const int exitStatus = static_cast<int>(status == S_OK && writeError != 0 ? HRESULT_FROM_WIN32(writeError) : status);
+    apartment.Leave(exitStatus, allocations);
+    return exitStatus;
 }

@@ -150,7 +150,7 @@ AllocationAccounting::AllocationAccounting() {
     }
 }
 
-AllocationAccounting::~AllocationAccounting() {
+void AllocationAccounting::WriteReport(const char *note) const {
     if (m_spy == nullptr)
         return;
     const AllocationCount count = OutstandingAllocations(m_spy);
@@ -158,8 +158,18 @@ AllocationAccounting::~AllocationAccounting() {
         fprintf(report, "outstanding %ld %lld\n", count.blocks, count.bytes);
         if (m_watching)
             fprintf(report, "unwiped %ld\n", UnwipedFrees(m_spy));
+        if (note != nullptr) {
+            fputs(note, report);
+            fputc('\n', report);
+        }
         fclose(report);
     }
+}
+
+AllocationAccounting::~AllocationAccounting() {
+    if (m_spy == nullptr)
+        return;
+    WriteReport();
     // Revoking fails while blocks are outstanding; the system then keeps the
     // spy until they go, which is the end of the process.
     CoRevokeMallocSpy();

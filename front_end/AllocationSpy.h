@@ -16,6 +16,8 @@ public:
     AllocationAccounting();
     // Writes "outstanding <blocks> <bytes>" (and "unwiped <blocks>") and revokes the spy.
     ~AllocationAccounting();
+    // Writes the report now, with a line of its own when `note` is given.
+    void WriteReport(const char *note = nullptr) const;
     AllocationAccounting(const AllocationAccounting &) = delete;
     AllocationAccounting &operator=(const AllocationAccounting &) = delete;
 

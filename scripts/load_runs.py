@@ -43,13 +43,13 @@ def suite_outputs(ctest_log):
 
 
 def figures(output):
-    """(retries, simulator starts, the runs made again, diagnostics files) of one suite's output."""
-    match = re.search(r"retries: (\d+); simulator starts: (\d+)", output)
-    again = re.search(r"run again after Wine failed to start or stalled the process: (.*)", output)
+    """(retries, simulator starts, shutdowns cut short, the runs made again or cut short, diagnostics files) of one suite's output."""
+    match = re.search(r"retries: (\d+); simulator starts: (\d+); shutdowns cut short: (\d+)", output)
+    again = re.findall(r"(run again after Wine failed to start or stalled the process|COM shutdown cut short by cvcli's watchdog): (.*)", output)
     files = re.findall(r"(?:Wine's log of that run|where each thread waited): (\S+)", output)
     if match is None:
-        return None, None, [], files
-    return int(match.group(1)), int(match.group(2)), [again.group(1)] if again else [], files
+        return None, None, None, [], files
+    return int(match.group(1)), int(match.group(2)), int(match.group(3)), ["%s: %s" % a for a in again], files
 
 
 class Load:
@@ -121,8 +121,8 @@ def main():
     if load:
         load.thread.start()
     rows, notes, failed = [], [], 0
-    print("| run | commit | result | duration | retries e2e / fault matrix | simulator starts |")
-    print("|---|---|---|---|---|---|", flush=True)
+    print("| run | commit | result | duration | retries e2e / fault matrix | simulator starts | shutdowns cut short |")
+    print("|---|---|---|---|---|---|---|", flush=True)
     try:
         for number in range(1, args.runs + 1):
             commit, status, seconds, suites = one_run(number, args.source, args.keep)
@@ -131,14 +131,14 @@ def main():
             def show(index):
                 return " / ".join("?" if suites[s][index] is None else str(suites[s][index]) for s in SUITES)
 
-            row = "| %d | %s | %s | %.0f s | %s | %s |" % (number, commit, "all passed" if status == 0 else "FAILED (%d)" % status,
-                                                        seconds, show(0), show(1))
+            row = "| %d | %s | %s | %.0f s | %s | %s | %s |" % (
+                number, commit, "all passed" if status == 0 else "FAILED (%d)" % status, seconds, show(0), show(1), show(2))
             rows.append(row)
             print(row, flush=True)
             for suite in SUITES:
-                _, _, again, files = suites[suite]
+                _, _, _, again, files = suites[suite]
                 for name in again:
-                    notes.append("run %d, %s: made again: %s" % (number, suite, name))
+                    notes.append("run %d, %s: %s" % (number, suite, name))
                 notes += ["run %d, %s: %s" % (number, suite, f) for f in files]
     finally:
         if load:

@@ -41,10 +41,12 @@ HRESULT STDMETHODCALLTYPE CVirtualDiskEvents::Reserved4(DWORD) {
 EventConnection::EventConnection(EventConnection &&other) noexcept
     : m_point(std::move(other.m_point)), m_cookie(std::exchange(other.m_cookie, 0)) {}
 
+// The move assignment of this ComPtr copies (an AddRef, the source keeps its
+// reference); a swap after the disconnection really moves the point.
 EventConnection &EventConnection::operator=(EventConnection &&other) noexcept {
     if (this != &other) {
         Disconnect();
-        m_point = std::move(other.m_point);
+        m_point.Swap(other.m_point);
         m_cookie = std::exchange(other.m_cookie, 0);
     }
     return *this;
@@ -64,7 +66,7 @@ void EventConnection::Connect(IUnknown *source, REFIID eventInterface, IUnknown 
     hr = point->Advise(sink, &cookie);
     if (FAILED(hr))
         throw AlertUserException(MSG_EVENTS_NOT_CONNECTED, hr);
-    m_point = std::move(point);
+    m_point.Swap(point);
     m_cookie = cookie;
 }
 

@@ -68,18 +68,26 @@ HRESULT STDMETHODCALLTYPE CConnectionPoint::Advise(IUnknown *sink, DWORD *cookie
     return S_OK;
 }
 
+// Once Unadvise has returned, the client hears nothing more from this
+// connection and nothing of it is left to give back: a call still on its way
+// to the sink (events of a call that has already returned) ends first, and the
+// sink goes back to the client before the answer. A client can then leave COM
+// without a call of ours still open in its process.
 HRESULT STDMETHODCALLTYPE CConnectionPoint::Unadvise(DWORD cookie) {
-    ComPtr<IUnknown> sink; // released outside the lock: that is a call back to the client
+    ComPtr<IUnknown> sink;
     {
-        std::lock_guard<std::mutex> guard(lock_);
+        std::unique_lock<std::mutex> guard(lock_);
         auto it = sinks_.find(cookie);
         if (it != sinks_.end()) {
             sink = it->second;
             sinks_.erase(it);
         }
+        fired_.wait(guard, [&] { return calling_.count(cookie) == 0; });
     }
     TheCallLog().Unadvised(owner_.Id(), name_, cookie, sink != nullptr);
-    return sink != nullptr ? S_OK : CONNECT_E_NOCONNECTION;
+    const HRESULT hr = sink != nullptr ? S_OK : CONNECT_E_NOCONNECTION;
+    sink.Reset(); // outside the lock: the release is a call back to the client
+    return hr;
 }
 
 HRESULT STDMETHODCALLTYPE CConnectionPoint::EnumConnections(IEnumConnections **connections) {
@@ -89,15 +97,23 @@ HRESULT STDMETHODCALLTYPE CConnectionPoint::EnumConnections(IEnumConnections **c
 }
 
 unsigned CConnectionPoint::Fire(const std::function<HRESULT(IUnknown *sink)> &invoke, unsigned &failures) {
-    std::vector<ComPtr<IUnknown>> sinks;
+    std::vector<std::pair<DWORD, ComPtr<IUnknown>>> sinks;
     {
         std::lock_guard<std::mutex> guard(lock_);
-        for (auto &entry : sinks_)
-            sinks.push_back(entry.second);
+        for (auto &entry : sinks_) {
+            sinks.push_back(entry);
+            ++calling_[entry.first];
+        }
     }
-    for (auto &sink : sinks)
+    for (auto &[cookie, sink] : sinks) {
         if (FAILED(invoke(sink.Get())))
             ++failures;
+        sink.Reset();
+        std::lock_guard<std::mutex> guard(lock_);
+        if (--calling_[cookie] == 0)
+            calling_.erase(cookie);
+        fired_.notify_all();
+    }
     return static_cast<unsigned>(sinks.size());
 }
 

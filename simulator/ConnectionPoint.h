@@ -6,6 +6,7 @@
 #include <olectl.h>
 #include <wrl/client.h>
 
+#include <condition_variable>
 #include <functional>
 #include <map>
 #include <mutex>
@@ -48,7 +49,9 @@ private:
     const IID &iid_;
     const char *name_;
     std::mutex lock_;
+    std::condition_variable fired_; // a call on a sink has ended
     std::map<DWORD, Microsoft::WRL::ComPtr<IUnknown>> sinks_;
+    std::map<DWORD, unsigned> calling_; // calls in progress, by cookie
     DWORD nextCookie_ = 1;
 };
 

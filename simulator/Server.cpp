@@ -2,6 +2,7 @@
 
 #include "simulator/CallLog.h"
 #include "simulator/ClassFactory.h"
+#include "simulator/InterfaceKeeper.h"
 #include "simulator/Text.h"
 
 #include <oleauto.h>
@@ -140,6 +141,7 @@ void Server::Wake() {
 HRESULT Server::Run(unsigned lingerMs) {
     if (!lingerFromScenario_)
         lingerMs_ = lingerMs;
+    const InterfaceKeeper keeper(*classes_);
     std::vector<DWORD> cookies;
     std::vector<ComPtr<IClassFactory>> factories;
     for (const ClassDef &definition : *classes_) {

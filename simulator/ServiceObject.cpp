@@ -30,10 +30,18 @@ CServiceObject::CServiceObject(const ClassDef &definition, std::set<std::string>
     TheCallLog().ObjectCreated(definition_.name, id_);
 }
 
+CServiceObject::CServiceObject(const ClassDef &definition, Kept) : definition_(definition), id_(0), counted_(false) {
+    parts_ = definition_.makeParts(*this);
+    for (const EventDef &event : definition_.events)
+        points_.push_back(std::make_unique<CConnectionPoint>(*this, *event.iid, event.name));
+}
+
 CServiceObject::~CServiceObject() {
     unsigned open = 0;
     for (auto &point : points_)
         open += point->DropAll();
+    if (!counted_)
+        return;
     TheCallLog().ObjectDestroyed(definition_.name, id_, open);
     TheServer().ObjectDestroyed();
 }
@@ -54,7 +62,8 @@ HRESULT STDMETHODCALLTYPE CServiceObject::QueryInterface(REFIID riid, void **obj
             if (*entry.iid != riid)
                 continue;
             bool offered = missing_.count(entry.name) == 0;
-            TheCallLog().Write({{"event", "query"}, {"object", id_}, {"interface", entry.name}, {"offered", offered}});
+            if (counted_)
+                TheCallLog().Write({{"event", "query"}, {"object", id_}, {"interface", entry.name}, {"offered", offered}});
             if (offered)
                 *object = parts_[entry.part]->Unknown();
             break;

@@ -62,6 +62,10 @@ struct ClassDef {
 class CServiceObject final : public IConnectionPointContainer, public ISupportErrorInfo {
 public:
     CServiceObject(const ClassDef &definition, std::set<std::string> missingInterfaces);
+    // An object that no client is given: it offers every interface of its
+    // class, keeps the server from nothing, takes no number and writes no log.
+    struct Kept {};
+    CServiceObject(const ClassDef &definition, Kept);
     ~CServiceObject();
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void **object) override;
@@ -87,6 +91,7 @@ private:
     const ClassDef &definition_;
     std::set<std::string> missing_;
     unsigned long id_;
+    bool counted_ = true;
     std::atomic<ULONG> references_{1};
     std::vector<std::unique_ptr<PartBase>> parts_;
     std::vector<std::unique_ptr<CConnectionPoint>> points_;

@@ -103,6 +103,7 @@ class Result:
     unwiped: Optional[int] = None  # freed blocks that still held the case's secret (None: not watched)
     blankets: list = field(default_factory=list)  # remote cases: each proxy security level asked for, and the answer
     wine_log: bytes = b""  # Wine's own debug lines, when CVCLI_E2E_WINEDEBUG asked for them
+    shutdown_cut_short: bool = False  # cvcli's watchdog ended it when COM's shutdown hung
 
     def authentication_levels(self):
         """(method, level) of every call, as the simulator's runtime reported the level (None: it did not)."""
@@ -428,12 +429,14 @@ class Session:
             # every later case wait for an idle line that never comes.
             self.restart_wine()
         allocations = unwiped = None
+        cut_short = False
         if self.allocation_file.exists():
             report = self.allocation_file.read_text().splitlines()
             allocations = report[0].strip() if report else ""
             for line in report[1:]:
                 if line.startswith("unwiped "):
                     unwiped = int(line.split()[1])
+            cut_short = "shutdown cut short" in report[1:]
         seam = []
         if self.activation_file.exists():
             seam = [json.loads(line) for line in self.activation_file.read_text(encoding="utf-8").splitlines() if line]
@@ -444,7 +447,7 @@ class Session:
         if wine_debug:
             stderr, wine_log = split_wine_log(stderr)
         return Result(stdout, stderr, status, events, seconds, timed_out, allocations, activations, unwiped, blankets,
-                      wine_log)
+                      wine_log, cut_short)
 
     def save_backtraces(self, prefix):
         """Where every thread of the prefix's processes waits, written to

@@ -128,7 +128,7 @@ def verify(case, result, earlier):
         live = [e for e in result.events if e.get("event") in ("create", "destroy", "idle")]
         if live and (live[-1].get("event") != "idle" or live[-1].get("leakedAdvises", 0) != 0):
             problems.append("service objects or sinks left behind: %s" % live[-1])
-    if case.allocations and case.resources:
+    if case.allocations and case.resources and not result.shutdown_cut_short:
         if result.allocations is None:
             problems.append("no allocation report (CVCLI_ALLOCATION_REPORT)")
         elif result.allocations != "outstanding 0 0":
@@ -211,12 +211,15 @@ def run(session, args, prepared, cases=None, relaunched=None):
     run_started = time.monotonic()
     count = 0
     relaunched = [] if relaunched is None else relaunched
+    cut_short = []
     simulator_starts = 0
     for stem, case in cases:
         for _ in range(args.repeat):
             result = run_case(session, case, "%s::%s" % (stem, case.name), relaunched)
             count += 1
             simulator_starts += sum(1 for e in result.events if e.get("event") == "start")
+            if result.shutdown_cut_short:
+                cut_short.append("%s::%s" % (stem, case.name))
             problems = verify(case, result, earlier.get(stem, {}))
             earlier.setdefault(stem, {})[case.name] = result
             label = "%s::%s" % (stem, case.name)
@@ -233,7 +236,11 @@ def run(session, args, prepared, cases=None, relaunched=None):
         print("\nrun again after Wine failed to start or stalled the process: %s" % ", ".join(relaunched))
     # One simulator serves the run; it starts again only after a case in
     # which it died, or after Wine was restarted.
-    print("\nretries: %d; simulator starts: %d" % (len(relaunched), simulator_starts))
+    # cvcli's watchdog ended these after its work, when COM's shutdown hung (its
+    # blocks are not counted then: COM had not given them back yet).
+    if cut_short:
+        print("\nCOM shutdown cut short by cvcli's watchdog: %s" % ", ".join(cut_short))
+    print("\nretries: %d; simulator starts: %d; shutdowns cut short: %d" % (len(relaunched), simulator_starts, len(cut_short)))
     print(
         "\n%d case runs, %d failed; %.1f s (%.2f s a case), prefix start %.1f s"
         % (count, len(failures), elapsed, elapsed / count if count else 0, prepared)

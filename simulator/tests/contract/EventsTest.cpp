@@ -8,6 +8,7 @@
 #include <ocidl.h>
 #include <olectl.h>
 
+#include <atomic>
 #include <mutex>
 #include <set>
 
@@ -127,7 +128,61 @@ TEST(Balance, ALeftOverSinkIsCountedWhenItsObjectGoes) {
     EXPECT_TRUE(LogOf("unadvise").empty());
 }
 
+// A call on its way to a sink when the client unadvises ends before Unadvise
+// answers: a client may then leave COM with no call of the service's still
+// open in its process.
+TEST(Balance, UnadviseWaitsForAnEventOnItsWay) {
+    WriteScenario(R"json({"lingerSeconds": 2, "methods": {"IVirtualDisk2.EnumerateDisksEx": {
+        "lateEvents": [{"event": "ProgressMessage", "subject": "filer-east", "code": 28}]}}})json");
+    ClearLog();
+    EXPECT_EQ(RunClient(L"late"), 0u);
+    WriteScenario(kScenario);
+}
+
 } // namespace
+
+// A sink that answers slowly, and says whether a call is still in it.
+class SlowSink final : public _IVirtualDiskEvents {
+public:
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void **object) override {
+        *object = riid == IID_IUnknown || riid == IID__IVirtualDiskEvents ? this : nullptr;
+        return *object != nullptr ? S_OK : E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    HRESULT STDMETHODCALLTYPE ProgressMessage(DWORD, const wchar_t *, DWORD) override {
+        inside = true;
+        SetEvent(entered);
+        Sleep(500);
+        inside = false;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE Reserved4(DWORD) override { return S_OK; }
+
+    HANDLE entered = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    std::atomic<bool> inside{false};
+};
+
+static int UnadviseDuringALateEvent() {
+    static SlowSink sink;
+    ComPtr<IUnknown> disk;
+    if (Create(CLSID_VirtualDiskService, IID_IVirtualDisk, disk) != S_OK)
+        return 1;
+    ComPtr<IVirtualDisk2> disk2;
+    ComPtr<IConnectionPointContainer> container;
+    ComPtr<IConnectionPoint> point;
+    DWORD cookie = 0;
+    if (FAILED(disk.As(&disk2)) || FAILED(disk.As(&container)) ||
+        FAILED(container->FindConnectionPoint(IID__IVirtualDiskEvents, point.GetAddressOf())) ||
+        point->Advise(&sink, &cookie) != S_OK)
+        return 2;
+    DiskInfoExList list{};
+    if (disk2->EnumerateDisksEx(&list) != S_OK || WaitForSingleObject(sink.entered, 5000) != WAIT_OBJECT_0)
+        return 3;
+    if (point->Unadvise(cookie) != S_OK)
+        return 4;
+    return sink.inside ? 5 : 0;
+}
 
 // A client that leaves with its sink still advised: the simulator must see it.
 static int LeakASink() {
@@ -148,6 +203,8 @@ static int LeakASink() {
 int Client(const std::wstring &mode) {
     if (mode == L"leak")
         return LeakASink();
+    if (mode == L"late")
+        return UnadviseDuringALateEvent();
     if (mode != L"listing")
         return 100;
     {
