@@ -33,7 +33,6 @@ harness's general checks: CR LF line ends, nothing left in the simulator
 (but where it died), no COM task-allocator block left.
 """
 
-import argparse
 import copy
 import json
 import re
@@ -42,11 +41,13 @@ import time
 from pathlib import Path
 
 HERE = Path(__file__).resolve().parent
-sys.path.insert(0, str(HERE))
+sys.path[:0] = [str(HERE), str(HERE.parent / "docs")]
 
+import docs_test  # noqa: E402
 import harness  # noqa: E402
 import run_e2e  # noqa: E402
-from harness import E_INVALIDARG, S_OK, Case, completion  # noqa: E402
+import wine_process  # noqa: E402
+from harness import E_INVALIDARG, S_OK, Case, all_of, completion  # noqa: E402
 
 DEMO = "simulator/scenarios/demo.json"
 E_FAIL = 0x80004005
@@ -74,11 +75,9 @@ def dispatched_operations():
 def documented_examples():
     """(command, operation) -> the argvs of its example runs in docs/commands.md, in order."""
     examples = {}
-    for line in (harness.REPO / "docs" / "commands.md").read_text(encoding="utf-8").splitlines():
-        match = re.match(r"^[$>] cvcli (\S+ \S+.*)$", line)
-        if match:
-            argv = match.group(1).split()
-            examples.setdefault((argv[0].lower(), argv[1].lower()), []).append(argv)
+    for example in docs_test.examples("docs/commands.md")[0]:
+        if len(example.argv) >= 2:
+            examples.setdefault((example.argv[0].lower(), example.argv[1].lower()), []).append(example.argv)
     return examples
 
 
@@ -178,13 +177,6 @@ def keeps_locations(example):
     return check
 
 
-def both(*checks):
-    def check(result):
-        for one in checks:
-            one(result)
-    return check
-
-
 # What the operation prints when a LUN path cannot be used: its own refusal,
 # which ends with E_INVALIDARG rather than the service's code.
 INCORRECT_PATH = "Incorrect LUN path or UNC path."
@@ -264,10 +256,10 @@ def point_cases(label, argv, demo, points, seen, example):
 
         cases += [
             Case(at + " fails", argv, scenario=fault(lambda r: dict(r, result=hex(E_FAIL), errorDescription=DESCRIPTION)),
-                 check=both(fails_as(E_FAIL, DESCRIPTION, seen, at), kept)),
+                 check=all_of(fails_as(E_FAIL, DESCRIPTION, seen, at), kept)),
             Case(at + " answers S_FALSE", argv, scenario=fault(lambda r: dict(r, result="S_FALSE")),
-                 check=both(fails_like_e_fail(seen, at), kept)),
-            Case(at + " returns nothing", argv, scenario=fault(lambda r: {}), check=both(no_crash, kept)),
+                 check=all_of(fails_like_e_fail(seen, at), kept)),
+            Case(at + " returns nothing", argv, scenario=fault(lambda r: {}), check=all_of(no_crash, kept)),
             Case(at + " reports after returning", argv, scenario=fault(lambda r: dict(r, lateEvents=[LATE_EVENT])),
                  released=False, check=late_report(example.status)),
         ]
@@ -277,9 +269,9 @@ def point_cases(label, argv, demo, points, seen, example):
             for key in array_keys(response or {}):
                 cases += [
                     Case("%s has a count and no array for %s" % (at, key), argv,
-                         scenario=fault(lambda r, key=key: dict(r, nullArray=key)), check=both(no_crash, kept)),
+                         scenario=fault(lambda r, key=key: dict(r, nullArray=key)), check=all_of(no_crash, kept)),
                     Case("%s has a null element first in %s" % (at, key), argv,
-                         scenario=fault(lambda r, key=key: dict(r, nullElement=key)), check=both(no_crash, kept)),
+                         scenario=fault(lambda r, key=key: dict(r, nullElement=key)), check=all_of(no_crash, kept)),
                 ]
     return cases
 
@@ -326,17 +318,10 @@ def build_cases(session, relaunched):
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--build-dir", default=str(harness.REPO / "build"))
-    parser.add_argument("-k", dest="pattern", help="run only cases whose name contains this text")
-    parser.add_argument("-v", "--verbose", action="store_true")
-    parser.add_argument("--list", action="store_true")
-    args = parser.parse_args()
+    args = wine_process.command_line(__doc__).parse_args()
     args.repeat = 1
-    session = harness.Session(args.build_dir)
     started = time.monotonic()
-    session.start()
-    try:
+    with harness.Session(args.build_dir) as session:
         relaunched = []
         problems, cases = build_cases(session, relaunched)
         for problem in problems:
@@ -345,8 +330,6 @@ def main():
         print("%d operations, %d runs" % (len({c.name.split(":")[0] for c in cases}), len(selected)), flush=True)
         status = run_e2e.run(session, args, time.monotonic() - started, cases=selected, relaunched=relaunched)
         return 1 if problems else status
-    finally:
-        session.prefix_script("--stop")
 
 
 if __name__ == "__main__":

@@ -6,7 +6,6 @@
 Exit status 0 when every case passes. See docs/testing.md.
 """
 
-import argparse
 import difflib
 import importlib.util
 import sys
@@ -18,6 +17,7 @@ sys.path.insert(0, str(HERE))
 sys.dont_write_bytecode = True  # keep the source tree clean
 
 import harness  # noqa: E402
+import wine_process  # noqa: E402
 
 
 def load_cases(pattern):
@@ -175,25 +175,13 @@ def keep_wine_log(session, label, result):
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--build-dir", default=str(harness.REPO / "build"))
-    parser.add_argument("-k", dest="pattern", help="run only cases whose 'file::name' contains this text")
-    parser.add_argument("--list", action="store_true", help="list the cases and stop")
-    parser.add_argument("-v", "--verbose", action="store_true", help="print every case with its time")
+    parser = wine_process.command_line(__doc__)
     parser.add_argument("--repeat", type=int, default=1, help="run every case this many times (timing)")
     args = parser.parse_args()
-
-    session = harness.Session(args.build_dir)
     started = time.monotonic()
     # Case files may look up system texts while they load: start first.
-    session.start()
-    prepared = time.monotonic() - started
-    try:
-        return run(session, args, prepared)
-    finally:
-        # The run's simulator would otherwise linger with the run's files and
-        # serve them to the next hand-run client.
-        session.prefix_script("--stop")
+    with harness.Session(args.build_dir) as session:
+        return run(session, args, time.monotonic() - started)
 
 
 def run(session, args, prepared, cases=None, relaunched=None):

@@ -1,6 +1,6 @@
 """Builders shared by the disk and snap case files. No CASES: the loader skips this module."""
 
-from harness import E_INVALIDARG, REGDB_E_CLASSNOTREG, Case, alert, msg
+from harness import E_INVALIDARG, REGDB_E_CLASSNOTREG, Case, alert, all_of, msg  # noqa: F401 (all_of re-exported)
 
 MSG_SERVICE_UNAVAILABLE = 5108
 E_ACCESSDENIED = 0x80070005
@@ -54,13 +54,6 @@ def only(method, request, sinks=()):
         advised = sorted(e["interface"] for e in result.events if e.get("event") == "advise")
         unadvised = sorted(e["interface"] for e in result.events if e.get("event") == "unadvise")
         assert advised == sorted(sinks) and unadvised == advised, "advised %r unadvised %r" % (advised, unadvised)
-    return check
-
-
-def all_of(*checks):
-    def check(result):
-        for c in checks:
-            c(result)
     return check
 
 
