@@ -9,6 +9,7 @@
 // Run in a prefix where the service is not registered: every operation that
 // gets past its checks then fails to create the service, quickly and always the
 // same way.
+#include "../unit/Arguments.h"
 #include "app/Operations.h"
 #include "app/Startup.h"
 #include "front_end/Console.h"
@@ -191,14 +192,11 @@ int wmain(int argc, wchar_t **argv) {
     Generator generator(seed);
     for (unsigned long i = 0; i < iterations; ++i) {
         g_current = generator.Next();
-        std::vector<wchar_t *> args;
-        for (std::wstring &arg : g_current)
-            args.push_back(&arg[0]);
-        args.push_back(nullptr);
+        Arguments args(g_current);
         output.clear();
         HRESULT status = E_UNEXPECTED;
         try {
-            status = RunCommandLine(args.data());
+            status = RunCommandLine(args.pointers.data());
         } catch (...) {
             fwprintf(stderr, L"iteration %lu: an exception escaped the entry\n", i);
             ++failures;
