@@ -105,6 +105,13 @@ def all_of(*checks):
     return check
 
 
+def all_unadvised(result):
+    """Every event sink that cvcli advised was unadvised."""
+    advised = sum(1 for e in result.events if e.get("event") == "advise")
+    unadvised = sum(1 for e in result.events if e.get("event") == "unadvise")
+    assert advised == unadvised, "%d advises, %d unadvises" % (advised, unadvised)
+
+
 def password_digest(password):
     """How the simulator logs a password field: never the text, its SHA-256 over UTF-16LE."""
     return "sha256:" + hashlib.sha256(password.encode("utf-16-le")).hexdigest()

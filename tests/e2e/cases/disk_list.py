@@ -1,7 +1,7 @@
 """disk list: both listings, the initiator of each LUN, failures, creation on another machine, progress events."""
 
 from harness import REGDB_E_CLASSNOTREG, S_OK, Case, alert, completion, msg
-from cases.lun_common import E_ACCESSDENIED, E_NOINTERFACE, MSG_SERVICE_UNAVAILABLE
+from cases.lun_common import E_ACCESSDENIED, E_NOINTERFACE, MSG_SERVICE_UNAVAILABLE, created_nothing
 
 MSG_LIST_DISKS_FAILED = 5362
 LUN_BUSY = 0xC00402A1
@@ -12,31 +12,12 @@ NO_LUNS = "Either no LUNs exist or Corvane could not detect any LUNs\n"
 
 def disk(**fields):
     """A LUN record with every field set; keyword arguments override."""
-    record = {
-        "dwType": 1,
-        "dwPartitionStyle": 2,
-        "wszUncPath": "\\\\filer1\\lunshare\\db.lun",
-        "wszStorageSystem": "filer1",
-        "wszStorageSystemPath": "/vol/vol1/db",
-        "wszVolumeName": "\\\\?\\Volume{aa}\\",
-        "szSerialNumber": "C4e6SJ",
-        "bBackedBySnapshot": True,
-        "wszSnapshotName": "nightly",
-        "bShared": True,
-        "bReflexaSource": True,
-        "bArkholdPrimary": True,
-        "bBootOrSystemDisk": True,
-        "bySCSIPort": 2,
-        "byBus": 1,
-        "byTarget": 3,
-        "byLun": 4,
-        "bReadOnly": True,
-        "llSize": 5368709120,
-        "dwDiskId": 7,
-        "dwCloneSplitPercent": "0xFFFFFFFF",
-        "pwszMountPoints": ["E", "F:\\mnt\\db"],
-        "pwszIpAddresses": ["10.0.0.1", "10.0.0.2"],
-    }
+    record = {"dwType": 1, "dwPartitionStyle": 2, "wszUncPath": "\\\\filer1\\lunshare\\db.lun", "wszStorageSystem": "filer1",
+              "wszStorageSystemPath": "/vol/vol1/db", "wszVolumeName": "\\\\?\\Volume{aa}\\", "szSerialNumber": "C4e6SJ",
+              "bBackedBySnapshot": True, "wszSnapshotName": "nightly", "bShared": True, "bReflexaSource": True,
+              "bArkholdPrimary": True, "bBootOrSystemDisk": True, "bySCSIPort": 2, "byBus": 1, "byTarget": 3, "byLun": 4,
+              "bReadOnly": True, "llSize": 5368709120, "dwDiskId": 7, "dwCloneSplitPercent": "0xFFFFFFFF",
+              "pwszMountPoints": ["E", "F:\\mnt\\db"], "pwszIpAddresses": ["10.0.0.1", "10.0.0.2"]}
     record.update(fields)
     return record
 
@@ -93,11 +74,6 @@ def connected_once(result):
     advises = [e for e in result.events if e.get("event") == "advise"]
     unadvises = [e for e in result.events if e.get("event") == "unadvise"]
     assert len(advises) == 1 and len(unadvises) == 1, "advise %r unadvise %r" % (advises, unadvises)
-
-
-def created_nothing(result):
-    """A remote creation never falls back to the local service."""
-    assert result.created() == [], "created %r" % result.created()
 
 
 NON_ASCII = "fïler-東京"

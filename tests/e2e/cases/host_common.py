@@ -2,15 +2,11 @@
 
 from harness import E_INVALIDARG, Case, alert, completion
 from cases.lun_common import E_ACCESSDENIED, E_NOINTERFACE, MSG_SERVICE_UNAVAILABLE, usage  # noqa: F401 (re-exported)
-from cases.lun_common import LOCAL_MACHINE as LOCAL, local as local_error  # noqa: F401
+from cases.lun_common import LOCAL_MACHINE as LOCAL, created_nothing as nothing_created, local as local_error  # noqa: F401
 
 CONNECT_E_NOCONNECTION = 0x80040200
 BUSY = 0xC0040330  # a service-specific failure code, sent with a description
 NO_SINK = {"classes": {"VirtualDiskService": {"missingInterfaces": ["_IVirtualDiskEvents"]}}}
-
-
-def nothing_created(result):
-    assert result.created() == [], "created %r" % result.created()
 
 
 def nothing_called(result):
