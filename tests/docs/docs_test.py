@@ -1,16 +1,11 @@
 #!/usr/bin/env python3
 """Runs every example of the user documents and compares it with the document.
 
-    python3 tests/docs/docs_test.py [--build-dir build] [-k TEXT] [--list] [DOCUMENT ...]
+    python3 tests/docs/docs_test.py [--build-dir build] [-k TEXT] [--list] [--update] [DOCUMENT ...]
 
-An example is a fenced code block whose lines start with "$ cvcli ". Each such
-line is one run of the real cvcli.exe under Wine against the demo scenario
-(simulator/scenarios/demo.json, in UTC); the lines after it, up to its
-"[exit status 0x........]" line, are its standard output, and that line its
-full 32-bit exit status. Every example must show its status. A line "..."
-stands for any number of lines left out. The documents: docs/commands.md and
-docs/user-guide.md unless others are named.
-
+What an example is ("$ cvcli ..." in a code block, its output, "[exit status
+0x........]", "..." for any lines) and how it runs: docs/testing.md, "docs".
+The documents: docs/commands.md and docs/user-guide.md unless others are named.
 Exit status 0 when every example matches.
 """
 
@@ -135,7 +130,7 @@ def run(example, session, updating=False):
 
 
 def main():
-    parser = command_line(__doc__)
+    parser = command_line(__doc__, verbose=False)
     parser.add_argument("--update", action="store_true",
                         help="write cvcli's output and status into the documents where an example without \"...\" differs")
     parser.add_argument("documents", nargs="*", default=DOCUMENTS)

@@ -1,12 +1,8 @@
 #!/usr/bin/env python3
-"""The password prompt of `transport_protocol set` in a real terminal.
-
-cvcli runs under Wine inside a tmux pane of a private tmux server. The test
-types a password key by key (with a Backspace and a non-ASCII key), reads the
-screen while and after typing, and checks that nothing of the password was
-echoed, only one "*" per key, and that the service received exactly the keys
-typed, Backspace included (the simulator's call log holds a SHA-256 digest of
-the password, never the text).
+"""The password prompt of `transport_protocol set` in a real terminal: cvcli under
+Wine in the pane of a private tmux server, keys typed and the screen read back
+(docs/testing.md, "password_prompt_tmux"). The service must receive exactly the
+keys typed, Backspace included (the call log holds a digest, never the text).
 
 Exit 0 on success, 1 on failure, 77 (skipped) only when tmux is not installed.
 """

@@ -82,12 +82,13 @@ def split_wine_log(stderr):
     return b"".join(own), b"".join(wine)
 
 
-def command_line(doc, selection=True, argv=None):
+def command_line(doc, selection=True, verbose=True):
     """The options of the test programs: --build-dir and, for those that run a selection, -k, --list and -v."""
     parser = argparse.ArgumentParser(description=doc, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--build-dir", default=str(REPO / "build"))
     if selection:
         parser.add_argument("-k", dest="pattern", help="run only those whose name contains this text")
         parser.add_argument("--list", action="store_true", help="list them and stop")
+    if selection and verbose:
         parser.add_argument("-v", "--verbose", action="store_true", help="print each with its time")
     return parser

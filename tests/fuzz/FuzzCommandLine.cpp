@@ -20,8 +20,10 @@
 #include <objbase.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cwchar>
+#include <iterator>
 #include <random>
 #include <set>
 #include <string>
@@ -202,13 +204,10 @@ int wmain(int argc, wchar_t **argv) {
             ++failures;
             continue;
         }
-        bool known = false;
-        for (unsigned k = 0; k < 3; ++k)
-            if (status == allowed[k]) {
-                ++counts[k];
-                known = true;
-            }
-        if (!known) {
+        const HRESULT *known = std::find(std::begin(allowed), std::end(allowed), status);
+        if (known != std::end(allowed)) {
+            ++counts[known - allowed];
+        } else {
             ++failures;
             fwprintf(stderr, L"iteration %lu: exit status 0x%08lX is not documented; line:", i,
                      static_cast<unsigned long>(status));

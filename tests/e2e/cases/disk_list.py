@@ -87,17 +87,15 @@ CASES = [
     Case("one disk, older service", ["disk", "list"], FULL_HEAD + FULL_TAIL + ISCSI_LINE + completion(), S_OK,
          scenario=basic([disk()], ISCSI), calls=["IVirtualDisk.EnumerateDisks", "IVirtualDisk.GetPortInitiator"],
          check=asked_for_ports(2)),
-    Case("one disk used by two machines", ["disk", "list"],
-         FULL_HEAD + "\tHyper-V VHD Present:\tYes\n\tHyper-V VMs Name:\tweb-01, db-01\n" + FULL_TAIL + FCP_LINE
-         + completion(), S_OK,
-         scenario=extended([{"pDisk": disk(), "bHyperVVhdPresent": True,
-                             "pVms": [{"wszVmName": "web-01"}, {"wszVmName": "db-01"}]}], FCP)),
-    Case("one disk used by one machine", ["disk", "list"],
-         FULL_HEAD + "\tHyper-V VHD Present:\tYes\n\tHyper-V VM Name:\tweb-01\n" + FULL_TAIL + FCP_LINE + completion(),
-         S_OK, scenario=extended([{"pDisk": disk(), "bHyperVVhdPresent": True, "pVms": [{"wszVmName": "web-01"}]}], FCP)),
-    Case("machines are not named without a VHD", ["disk", "list"],
-         FULL_HEAD + "\tHyper-V VHD Present:\tNo\n" + FULL_TAIL + FCP_LINE + completion(), S_OK,
-         scenario=extended([{"pDisk": disk(), "bHyperVVhdPresent": False, "pVms": [{"wszVmName": "web-01"}]}], FCP)),
+] + [
+    Case(name, ["disk", "list"], FULL_HEAD + "\tHyper-V VHD Present:\t%s\n" % ("Yes" if vhd else "No") + named + FULL_TAIL
+         + FCP_LINE + completion(), S_OK,
+         scenario=extended([{"pDisk": disk(), "bHyperVVhdPresent": vhd, "pVms": [{"wszVmName": n} for n in vms]}], FCP))
+    for name, vhd, vms, named in [
+        ("one disk used by two machines", True, ["web-01", "db-01"], "\tHyper-V VMs Name:\tweb-01, db-01\n"),
+        ("one disk used by one machine", True, ["web-01"], "\tHyper-V VM Name:\tweb-01\n"),
+        ("machines are not named without a VHD", False, ["web-01"], "")]
+] + [
     Case("many disks, each with the initiator of its port", ["disk", "list"],
          FULL_HEAD + FULL_TAIL + ISCSI_LINE
          + FULL_HEAD.replace("db", "logs") + FULL_TAIL.replace("\t\t2\n", "\t\t5\n") + FCP_LINE

@@ -1,6 +1,6 @@
 """Builders shared by the host case files (fcp, hyperv, igroup, iscsi, preferred_ip, transport_protocol); no CASES."""
 
-from harness import E_INVALIDARG, Case, alert, completion
+from harness import E_INVALIDARG, S_OK, Case, alert, completion
 from cases.lun_common import E_ACCESSDENIED, E_NOINTERFACE, MSG_SERVICE_UNAVAILABLE, usage  # noqa: F401 (re-exported)
 from cases.lun_common import LOCAL_MACHINE as LOCAL, created_nothing as nothing_created, local as local_error  # noqa: F401
 
@@ -43,18 +43,20 @@ def no_password(password):
     return check
 
 
-def failure_line(text, hr, system_error=0):
-    """The handler's own failure line, then success; no service method called.
+def sink_refused(rows):
+    """One case per (operation, argv, its failure line): when the progress sink cannot be connected the
+    operation prints its own failure line, then the completion line, and calls no method. The system error
+    in the line is the one the thread had where the failure was raised: under Wine a refused connection
+    point leaves 0 there."""
+    def printed(line):
+        expected = "\n%s Error code 0\t hr=0x%xd\n\n" % (line, CONNECT_E_NOCONNECTION) + completion()
 
-    The system error is the one the thread had where the failure was raised:
-    under Wine a refused connection point leaves 0 there.
-    """
-    expected = "\n%s Error code %d\t hr=0x%xd\n\n" % (text, system_error, hr) + completion()
-
-    def check(result):
-        assert result.text() == expected, "stdout %r, expected %r" % (result.text(), expected)
-        nothing_called(result)
-    return check
+        def check(result):
+            assert result.text() == expected, "stdout %r, expected %r" % (result.text(), expected)
+            nothing_called(result)
+        return check
+    return [Case("%s: the progress sink cannot be connected" % op, argv, None, S_OK, scenario=NO_SINK, check=printed(line))
+            for op, argv, line in rows]
 
 
 def usage_cases(label, argv, text, rows, check=nothing_created):
