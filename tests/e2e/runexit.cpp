@@ -6,7 +6,7 @@
 //
 // The status goes to the file named by RUNEXIT_STATUS_FILE as "0x%08X\n", and
 // is also runexit's own exit status.
-#include "Owned.h"
+#include "WindowsSide.h"
 
 #include <windows.h>
 
@@ -35,12 +35,8 @@ const wchar_t *SkipProgramName(const wchar_t *p) {
 }
 
 void ReportStatus(DWORD status) {
-    wchar_t path[MAX_PATH * 2] = {};
-    DWORD length = GetEnvironmentVariableW(L"RUNEXIT_STATUS_FILE", path, MAX_PATH * 2);
-    if (length == 0 || length >= MAX_PATH * 2)
-        return;
-    File file(_wfopen(path, L"w"));
-    if (file.get() != nullptr)
+    File file = FileNamedBy(L"RUNEXIT_STATUS_FILE", L"w");
+    if (file != nullptr)
         fprintf(file.get(), "0x%08lX\n", static_cast<unsigned long>(status));
 }
 

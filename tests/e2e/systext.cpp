@@ -7,7 +7,7 @@
 // MODULE "-" looks in the system tables alone; any other MODULE is loaded with
 // LoadLibraryW and searched before the system tables. ID is hexadecimal. Each
 // lookup prints "ok N\n" and the N bytes of its UTF-8 text, or "fail\n".
-#include "Owned.h"
+#include "WindowsSide.h"
 
 #include <windows.h>
 
@@ -19,15 +19,6 @@ namespace {
 void Write(const std::string &bytes) {
     DWORD written = 0;
     WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-}
-
-std::string ToUtf8(const wchar_t *text) {
-    int length = static_cast<int>(wcslen(text));
-    int bytes = WideCharToMultiByte(CP_UTF8, 0, text, length, nullptr, 0, nullptr, nullptr);
-    std::string utf8(static_cast<size_t>(bytes > 0 ? bytes : 0), '\0');
-    if (bytes > 0)
-        WideCharToMultiByte(CP_UTF8, 0, text, length, &utf8[0], bytes, nullptr, nullptr);
-    return utf8;
 }
 
 void Lookup(const wchar_t *moduleName, DWORD id) {
@@ -47,7 +38,7 @@ void Lookup(const wchar_t *moduleName, DWORD id) {
         Write("fail\n");
         return;
     }
-    std::string utf8 = ToUtf8(text.get());
+    std::string utf8 = Utf8(text.get());
     Write("ok " + std::to_string(utf8.size()) + "\n" + utf8);
 }
 
