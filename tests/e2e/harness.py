@@ -422,9 +422,6 @@ class Session:
         folder.mkdir(exist_ok=True)
         return folder / ("%s-%s-%d.txt" % (time.strftime("%H%M%S"), kind, len(list(folder.iterdir()))))
 
-    def read_log(self):
-        return json_lines(self.log_file)
-
     @staticmethod
     def objects_pending(events):
         """True when an object was created and the log does not end idle yet."""

@@ -113,7 +113,7 @@ def run(session, piped):
     log = session.log_file.read_text(encoding="utf-8")
     for clear in ("Qx", "éW", "\\u00e9W"):
         assert clear not in log, "the call log holds the password in clear: %r" % clear
-    calls = [c for c in session.read_log() if c.get("event") == "call"]
+    calls = [c for c in wine_process.json_lines(session.log_file) if c.get("event") == "call"]
     methods = [c["method"] for c in calls]
     assert methods == ["ITransportProtocol.CheckTransportProtocol", "ITransportProtocol.SetTransportProtocols"], methods
     received = [calls[0]["request"]["protocol"]["wszPassword"], calls[1]["request"]["protocols"][0]["wszPassword"]]

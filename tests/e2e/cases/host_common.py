@@ -1,7 +1,8 @@
 """Builders shared by the host case files (fcp, hyperv, igroup, iscsi, preferred_ip, transport_protocol); no CASES."""
 
-from harness import E_INVALIDARG, S_OK, Case, alert, completion
+from harness import S_OK, Case, alert, completion
 from cases.lun_common import E_ACCESSDENIED, E_NOINTERFACE, MSG_SERVICE_UNAVAILABLE, usage  # noqa: F401 (re-exported)
+from cases.lun_common import usage_faults
 from cases.lun_common import LOCAL_MACHINE as LOCAL, created_nothing as nothing_created, local as local_error  # noqa: F401
 
 CONNECT_E_NOCONNECTION = 0x80040200
@@ -60,9 +61,8 @@ def sink_refused(rows):
 
 
 def usage_cases(label, argv, text, rows, check=nothing_created):
-    """One case per (what, extra arguments, message id[, what comes before]): the usage fault."""
-    return [Case("%s: %s" % (label, row[0]), argv + row[1], "".join(row[3:]) + usage(row[2], text), E_INVALIDARG,
-                 check=check) for row in rows]
+    """One case per (what, extra arguments, message id[, what comes before]): the usage fault, nothing created."""
+    return usage_faults(label, argv, text, rows, check=check)
 
 
 def refusals(label, argv, method, message_id=None, output=None, data=None, others=None, **kw):

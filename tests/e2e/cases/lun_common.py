@@ -73,9 +73,9 @@ def created_nothing(result):
 
 
 def usage_faults(label, argv, text, faults, **fields):
-    """One usage case per (name, extra arguments, message id)."""
-    return [Case("%s: %s" % (label, name), argv + extra, usage(message, text), E_INVALIDARG, **fields)
-            for name, extra, message in faults]
+    """One usage case per (name, extra arguments, message id[, what is printed before])."""
+    return [Case("%s: %s" % (label, row[0]), argv + row[1], "".join(row[3:]) + usage(row[2], text), E_INVALIDARG, **fields)
+            for row in faults]
 
 
 def refusals(label, argv, message, make, before="", code=BUSY, description="refused", calls=None):
