@@ -11,6 +11,7 @@ to break. What is broken and what each run must show: docs/reliability.md
 ("Tested by tests/e2e/fault_matrix.py" and "Hostile but legal service answers").
 """
 
+import collections
 import copy
 import json
 import re
@@ -132,11 +133,8 @@ def locations(request, path=""):
 
 
 def first_requests(events):
-    requests = {}
-    for event in events:
-        if event.get("event") == "call":
-            requests.setdefault(event.get("method"), event.get("request"))
-    return requests
+    """The request of the first call of each method (a later call's is overwritten by the earlier one)."""
+    return {e.get("method"): e.get("request") for e in reversed(events) if e.get("event") == "call"}
 
 
 def keeps_locations(example):
@@ -209,13 +207,10 @@ def late_report(status):
 
 def fault_points(calls, known):
     """(method, occurrence) of the first and the last call of each method not in `known`."""
-    seen = {}
+    seen, counted, points = collections.Counter(calls), collections.Counter(), []
     for method in calls:
-        seen[method] = seen.get(method, 0) + 1
-    points, counted = [], {}
-    for method in calls:
-        occurrence = counted.get(method, 0)
-        counted[method] = occurrence + 1
+        occurrence = counted[method]
+        counted[method] += 1
         if method not in known and occurrence in (0, seen[method] - 1) and (method, occurrence) not in points:
             points.append((method, occurrence))
     return points

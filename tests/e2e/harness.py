@@ -1,13 +1,7 @@
-"""End-to-end harness: runs the real cvcli.exe under Wine against the simulator.
-
-A case names the arguments, the scenario that the simulator serves and what
-must come out: stdout byte for byte, the full 32-bit exit status and, where it
-matters, the calls that reached the simulator. See docs/testing.md.
-
-One Session serves a whole run: it prepares the build's Wine prefixes, keeps
-their Wine servers warm and reuses one simulator, whose scenario file and call
-log sit at fixed paths that are rewritten for every case.
-"""
+"""End-to-end harness: runs the real cvcli.exe under Wine against the simulator
+and checks what comes out (docs/testing.md, "The end-to-end harness"). One
+Session serves a whole run, with one simulator whose scenario file and call
+log sit at fixed paths, rewritten for every case."""
 
 import hashlib
 import json

@@ -168,11 +168,13 @@ LIST_CASES = [
 # iscsi_initiator establish_session
 
 TARGET = "iqn.1992-08.com.corvane:sn.101202334"
-ESTABLISH = ["iscsi_initiator", "establish_session", "-t", TARGET, "-np", "10.20.1.11", "3260"]
 
 
-def establish(address, port):
-    return ["iscsi_initiator", "establish_session", "-t", TARGET, "-np", address, port]
+def establish(address, port, target=TARGET):
+    return ["iscsi_initiator", "establish_session", "-t", target, "-np", address, port]
+
+
+ESTABLISH = establish("10.20.1.11", "3260")
 
 
 def session(hba_id=0, portal_id=1, address="10.20.1.11", port=3260, masks=(13, 15, 15, 9, 3)):
@@ -236,8 +238,7 @@ ESTABLISH_CASES = [
     for port, sent_port in [("0", 0), ("65536", 65536), ("abc", 0), ("32a", 32), ("", 0), (" 80", 80), ("+80", 80),
                             ("100000", 100000)]
 ] + [
-    Case("establish: an empty target name is sent as given", ["iscsi_initiator", "establish_session", "-t", "",
-                                                              "-np", "10.20.1.11", "3260"], completion(), S_OK,
+    Case("establish: an empty target name is sent as given", establish("10.20.1.11", "3260", ""), completion(), S_OK,
          check=sent("IIscsi.EstablishSession", targetName="")),
 ] + [
     Case("establish: " + what, ESTABLISH + extra, outcome[0], outcome[1], calls=outcome[2],
