@@ -36,6 +36,14 @@ def sent(method, *checks, **expected):
     return check
 
 
+def names_this_computer(method, field):
+    """The one call of `method` names this computer in `field`: never empty, at most 15 characters."""
+    def check(result):
+        asked = [request[field] for request in requests(result, method)]
+        assert len(asked) == 1 and asked[0] and len(asked[0]) <= 15, "%s asked about %r" % (method, asked)
+    return check
+
+
 def no_password(password):
     """The password is in neither stream nor, in clear, in the call log (which holds its digest)."""
     def check(result):

@@ -1,6 +1,6 @@
 """transport_protocol list, set, delete: output, requests (passwords by digest only), usage faults, failures."""
 
-from harness import password_digest, E_INVALIDARG, S_OK, Case, alert, completion, msg
+from harness import password_digest, S_OK, Case, alert, completion
 from cases.host_common import LOCAL, no_password, nothing_called, refusals, sent, sink_refused, usage_cases
 
 MSG_USAGE_STORAGE_SYSTEM = 5607
