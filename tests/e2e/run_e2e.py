@@ -8,6 +8,7 @@ Exit status 0 when every case passes. See docs/testing.md.
 
 import difflib
 import importlib.util
+import re
 import sys
 import time
 from pathlib import Path
@@ -40,19 +41,10 @@ def load_cases(pattern):
     return found
 
 
-def show(data):
-    return data.decode("utf-8", errors="backslashreplace").splitlines(keepends=True)
-
-
 def diff(label, expected, actual):
-    lines = difflib.unified_diff(
-        [repr(line) + "\n" for line in show(expected)],
-        [repr(line) + "\n" for line in show(actual)],
-        "expected " + label,
-        "actual " + label,
-        lineterm="\n",
-    )
-    text = "".join(lines)
+    lines = [[repr(line) + "\n" for line in data.decode("utf-8", errors="backslashreplace").splitlines(keepends=True)]
+             for data in (expected, actual)]
+    text = "".join(difflib.unified_diff(*lines, "expected " + label, "actual " + label, lineterm="\n"))
     return text if text else "%s differs (expected %r, actual %r)\n" % (label, expected[:200], actual[:200])
 
 
@@ -67,15 +59,9 @@ def as_bytes(value):
 
 def line_end_faults(output):
     """Where output to a pipe breaks the CR LF rule: a lone LF or CR CR LF."""
-    faults = []
-    for at in range(len(output)):
-        if output[at : at + 1] != b"\n":
-            continue
-        if at == 0 or output[at - 1 : at] != b"\r":
-            faults.append("lone LF at byte %d" % at)
-        elif at >= 2 and output[at - 2 : at - 1] == b"\r":
-            faults.append("CR CR LF at byte %d" % (at - 2))
-    return faults
+    found = [(m.start(), "lone LF") for m in re.finditer(rb"(?<!\r)\n", output)]
+    found += [(m.start(), "CR CR LF") for m in re.finditer(rb"\r\r\n", output)]
+    return ["%s at byte %d" % (kind, at) for at, kind in sorted(found)]
 
 
 STATUS_DLL_INIT_FAILED = 0xC0000142
