@@ -1,30 +1,24 @@
 #!/usr/bin/env python3
 """Runs every example of the user documents and compares it with the document.
 
-    python3 tests/docs/docs_test.py [--build-dir build] [-k TEXT] [--list] [DOCUMENT ...]
+    python3 tests/docs/docs_test.py [--build-dir build] [-k TEXT] [--list] [--update] [DOCUMENT ...]
 
-An example is a fenced code block whose lines start with "$ cvcli ". Each such
-line is one run of the real cvcli.exe under Wine against the demo scenario
-(simulator/scenarios/demo.json, in UTC); the lines after it, up to its
-"[exit status 0x........]" line, are its standard output, and that line its
-full 32-bit exit status. Every example must show its status. A line "..."
-stands for any number of lines left out. The documents: docs/commands.md and
-docs/user-guide.md unless others are named.
-
+What an example is ("$ cvcli ..." in a code block, its output, "[exit status
+0x........]", "..." for any lines) and how it runs: docs/testing.md, "docs".
+The documents: docs/commands.md and docs/user-guide.md unless others are named.
 Exit status 0 when every example matches.
 """
 
-import argparse
 import re
 import sys
 from dataclasses import dataclass
 from pathlib import Path
 
-REPO = Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(REPO / "tests" / "e2e"))
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "e2e"))
 sys.dont_write_bytecode = True
 
 import harness  # noqa: E402
+from wine_process import REPO, command_line  # noqa: E402
 
 DOCUMENTS = ["docs/commands.md", "docs/user-guide.md"]
 DEMO = "simulator/scenarios/demo.json"
@@ -136,10 +130,7 @@ def run(example, session, updating=False):
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("--build-dir", default=str(REPO / "build"))
-    parser.add_argument("-k", dest="pattern", help="run only the examples whose command line holds TEXT")
-    parser.add_argument("--list", action="store_true", help="list the examples and exit")
+    parser = command_line(__doc__, verbose=False)
     parser.add_argument("--update", action="store_true",
                         help="write cvcli's output and status into the documents where an example without \"...\" differs")
     parser.add_argument("documents", nargs="*", default=DOCUMENTS)
@@ -160,11 +151,9 @@ def main():
         print("docs: no example found")
         return 1
 
-    session = harness.Session(args.build_dir)
-    session.start()
     failed = 0
     shift = {}
-    try:
+    with harness.Session(args.build_dir) as session:
         for example in found:
             example.line += shift.get(example.document, 0)
             wrong = run(example, session, args.update)
@@ -174,10 +163,6 @@ def main():
                 continue
             faults += wrong
             failed += bool(wrong)
-    finally:
-        # The run's simulator would otherwise linger with the run's files and
-        # serve them to the next client.
-        session.prefix_script("--stop")
     for fault in faults:
         print(fault + "\n")
     print("docs: %d passed, %d failed" % (len(found) - failed, len(faults)))

@@ -1,18 +1,11 @@
-"""End-to-end harness: runs the real cvcli.exe under Wine against the simulator.
-
-A case names the arguments, the scenario that the simulator serves and what
-must come out: stdout byte for byte, the full 32-bit exit status and, where it
-matters, the calls that reached the simulator. See docs/testing.md.
-
-One Session serves a whole run: it prepares the build's Wine prefixes, keeps
-their Wine servers warm and reuses one simulator, whose scenario file and call
-log sit at fixed paths that are rewritten for every case.
-"""
+"""End-to-end harness: runs the real cvcli.exe under Wine against the simulator
+and checks what comes out (docs/testing.md, "The end-to-end harness"). One
+Session serves a whole run, with one simulator whose scenario file and call
+log sit at fixed paths, rewritten for every case."""
 
 import hashlib
 import json
 import os
-import re
 import shutil
 import signal
 import subprocess
@@ -23,8 +16,8 @@ from pathlib import Path
 from typing import Any, Callable, Optional
 
 import messages
+from wine_process import REPO, WINE, json_lines, prefix_script, prefixes, simulator_running, split_wine_log, wine_env, winpath
 
-REPO = Path(__file__).resolve().parents[2]
 S_OK = 0
 E_INVALIDARG = 0x80070057
 REGDB_E_CLASSNOTREG = 0x80040154
@@ -38,35 +31,7 @@ MSG_OPERATION_COMPLETED = 5375
 
 @dataclass
 class Case:
-    """One run of cvcli and what it must produce.
-
-    stdout   str (compared as UTF-8 bytes), bytes, or None to leave it unchecked
-    status   the full exit status, e.g. E_INVALIDARG; None leaves it unchecked
-    stderr   as stdout; by default cvcli must write nothing there
-    scenario None (the simulator's defaults), a dict, or a JSON file path
-             relative to the repository (e.g. "simulator/scenarios/demo.json")
-    calls    the methods that must reach the simulator, in order
-             (["IVirtualDisk.EnumerateDisks"]); None leaves them unchecked
-    prefix   "service" (the simulator is registered) or "bare" (nothing is)
-    program  run a copy of cvcli.exe under this file name
-    resources False: the copy runs without CorvaneRes.dll beside it
-    same_as  the name of an earlier case of the same file whose stdout and
-             status this one must reproduce exactly
-    check    a function(Result) that raises AssertionError for anything else
-    decoy    a working copy of CorvaneRes.dll lies in the current directory
-             of the run (where a search by name would find it)
-    secret   a password the run handles: no COM task-allocator block that
-             cvcli gives back may still hold it (by default the -pwd value
-             and the CHAP password of -c, when at least 4 characters long)
-    remote   run cvcli_remote.exe (cvcli whose activations are recorded, and
-             made locally when they name a machine), so that "-m SOMEHOST"
-             reaches the simulator; Result.activations holds what it asked for
-    released every service object created must be released by the end
-    allocations every COM task-allocator block cvcli took must be given back
-             by the end (cvcli's own count, see CVCLI_ALLOCATION_REPORT)
-    stdout_file cvcli's standard output goes to this file instead (such as
-             /dev/full); the result's stdout is then empty
-    """
+    """One run of cvcli and what it must produce; every field is described in docs/testing.md."""
 
     name: str
     argv: list
@@ -127,6 +92,21 @@ class Result:
         return [e.get("class") for e in self.events if e.get("event") == "create"]
 
 
+def all_of(*checks):
+    """One check made of several, run in order."""
+    def check(result):
+        for one in checks:
+            one(result)
+    return check
+
+
+def all_unadvised(result):
+    """Every event sink that cvcli advised was unadvised."""
+    advised = sum(1 for e in result.events if e.get("event") == "advise")
+    unadvised = sum(1 for e in result.events if e.get("event") == "unadvise")
+    assert advised == unadvised, "%d advises, %d unadvises" % (advised, unadvised)
+
+
 def password_digest(password):
     """How the simulator logs a password field: never the text, its SHA-256 over UTF-16LE."""
     return "sha256:" + hashlib.sha256(password.encode("utf-16-le")).hexdigest()
@@ -146,25 +126,8 @@ def watched_secret(case):
     return None
 
 
-WINE_DEBUG_LINE = re.compile(rb"^(?:[0-9a-f]{4}:)?(?:[0-9a-f]{4}:)?(?:trace|warn|err|fixme):|^wine: ")
-
-
-def split_wine_log(stderr):
-    """(the program's own stderr, Wine's debug lines) of a run traced with
-    CVCLI_E2E_WINEDEBUG: the cases still see only what the program wrote."""
-    own, wine = [], []
-    for line in stderr.splitlines(keepends=True):
-        (wine if WINE_DEBUG_LINE.match(line) else own).append(line)
-    return b"".join(own), b"".join(wine)
-
-
 def hresult(value):
     return "0x%08X" % (value & 0xFFFFFFFF)
-
-
-def winpath(path):
-    """The Windows path of a Linux path (Wine maps the root to drive Z:)."""
-    return "Z:" + str(Path(path).resolve()).replace("/", "\\")
 
 
 def radix(value, base):
@@ -235,36 +198,43 @@ def completion():
 
 
 class Session:
-    def __init__(self, build_dir):
+    """Used as `with Session(build_dir) as session:` it prepares the prefixes
+    and starts their warm Wine servers, and stops them (and the run's
+    simulator, which would otherwise serve its files to the next client) at
+    the end. `work` is the directory of its fixed files."""
+
+    def __init__(self, build_dir, work="e2e-work"):
         self.build = Path(build_dir).resolve()
         self.cvcli = self.build / "cvcli.exe"
         self.resources = self.build / "CorvaneRes.dll"
-        self.runexit = self.build / "tests" / "e2e" / "runexit.exe"
-        self.systext = self.build / "tests" / "e2e" / "systext.exe"
-        self.work = self.build / "e2e-work"
+        seams = self.build / "tests" / "e2e"
+        self.runexit, self.systext, self.remote_seam = (seams / n for n in ("runexit.exe", "systext.exe", "cvcli_remote.exe"))
+        self.work = self.build / work
         self.scenario_file = self.work / "scenario.json"
         self.log_file = self.work / "calls.jsonl"
         self.status_file = self.work / "status.txt"
         self.allocation_file = self.work / "allocations.txt"
         self.activation_file = self.work / "activations.jsonl"
-        self.remote_seam = self.build / "tests" / "e2e" / "cvcli_remote.exe"
-        self.prefixes = {"service": self.build / "wineprefix", "bare": self.build / "wineprefix-bare"}
-        self.wine = os.environ.get("WINE") or ("/usr/lib/wine/wine64" if os.path.exists("/usr/lib/wine/wine64") else "wine64")
+        self.prefixes = prefixes(self.build)
+        self.wine = WINE
         self._system_texts = {}
         self._programs = {}
         self.last_backtraces = None  # the backtraces taken of the last stalled run
 
+    def __enter__(self):
+        self.start()
+        return self
+
+    def __exit__(self, *exception):
+        self.prefix_script("--stop")
+
     def base_env(self, prefix="service"):
-        env = dict(os.environ)
-        for name in ("DISPLAY", "WAYLAND_DISPLAY"):
-            env.pop(name, None)
-        env.update(
-            WINEPREFIX=str(self.prefixes[prefix]),
-            WINEDEBUG="-all",
-            WINEDLLOVERRIDES="mscoree,mshtml=",
-            LC_ALL="C.UTF-8",
-        )
-        return env
+        return wine_env(self.prefixes[prefix])
+
+    def simulator_env(self, prefix="service"):
+        """base_env, and the simulator (started by the program under test) reads the session's scenario and logs its calls."""
+        return wine_env(self.prefixes[prefix], CORVANE_SIM_SCENARIO=winpath(self.scenario_file),
+                        CORVANE_SIM_LOG=winpath(self.log_file))
 
     def start(self):
         """Prepares the prefixes and starts their warm Wine servers."""
@@ -274,14 +244,17 @@ class Session:
         shutil.rmtree(self.work, ignore_errors=True)
         self.work.mkdir(parents=True)
         self.prefix_script("--start")
-        if self.running_simulator():
+        # A simulator already up may serve another client's files (it keeps
+        # the environment of the client that started it), or be about to exit
+        # at the end of its linger time while the first case asks it for an
+        # object: the run starts with a simulator of its own.
+        if simulator_running(self.prefixes["service"]):
             self.restart_wine()
         global _session
         _session = self
 
     def prefix_script(self, action):
-        script = REPO / "scripts" / "wine-prefix.sh"
-        subprocess.run(["bash", str(script), action, str(self.build)], stdin=subprocess.DEVNULL, check=True)
+        prefix_script(self.build, action)
 
     def restart_wine(self):
         """Stops every Wine process of the build and starts warm servers again.
@@ -291,28 +264,6 @@ class Session:
         """
         self.prefix_script("--stop")
         self.prefix_script("--start")
-
-    def running_simulator(self):
-        """True when a simulator already runs in the service prefix.
-
-        It may serve another client's files (it keeps the environment of the
-        client that started it), or be about to exit at the end of its linger
-        time while the first case asks it for an object: the run starts with
-        a simulator of its own.
-        """
-        for proc in Path("/proc").iterdir():
-            if not proc.name.isdigit():
-                continue
-            try:
-                if b"corvane-sim" not in (proc / "cmdline").read_bytes():
-                    continue
-                entries = (proc / "environ").read_bytes().decode("utf-8", "replace").split("\0")
-            except OSError:
-                continue
-            environ = dict(item.split("=", 1) for item in entries if "=" in item)
-            if environ.get("WINEPREFIX") == str(self.prefixes["service"]):
-                return True
-        return False
 
     def program(self, name, resources, remote=False):
         """A copy of cvcli.exe (or of the remote seam, as cvcli.exe) under
@@ -330,6 +281,7 @@ class Session:
         return self._programs[key]
 
     def write_scenario(self, scenario):
+        """Writes the scenario and clears the call log of the last run."""
         if scenario is None:
             data = {}
         elif isinstance(scenario, (str, Path)):
@@ -345,20 +297,16 @@ class Session:
         # fails (0x80040154) or waits for a server that is going.
         data.pop("lingerSeconds", None)
         self.scenario_file.write_text(json.dumps(data, indent=1), encoding="utf-8")
+        if self.log_file.exists():
+            self.log_file.unlink()
 
-    def run(self, case):
-        self.write_scenario(case.scenario)
-        for path in (self.log_file, self.status_file, self.allocation_file, self.activation_file):
-            if path.exists():
-                path.unlink()
-        env = self.base_env(case.prefix)
+    def run_env(self, case):
+        env = self.simulator_env(case.prefix)
         env.update(
             RUNEXIT_STATUS_FILE=winpath(self.status_file),
             CVCLI_ALLOCATION_REPORT=winpath(self.allocation_file),
             # The BSTR cache keeps freed strings as live allocator blocks.
             OANOCACHE="1",
-            CORVANE_SIM_SCENARIO=winpath(self.scenario_file),
-            CORVANE_SIM_LOG=winpath(self.log_file),
             # One simulator serves the whole run, however long the stretches
             # of cases that need no service; the fixture's stop ends it.
             CORVANE_SIM_LINGER="600",
@@ -368,29 +316,30 @@ class Session:
         if secret is not None:
             env["CVCLI_ALLOCATION_SECRET"] = secret
         env.update(case.env)
-        wine_debug = os.environ.get("CVCLI_E2E_WINEDEBUG")
-        if wine_debug:
-            env["WINEDEBUG"] = wine_debug
+        if os.environ.get("CVCLI_E2E_WINEDEBUG"):
+            env["WINEDEBUG"] = os.environ["CVCLI_E2E_WINEDEBUG"]
+        return env
+
+    def run(self, case):
+        self.write_scenario(case.scenario)
+        out_path, err_path = self.work / "stdout", self.work / "stderr"
+        # New files each time: a simulator that an earlier case started still
+        # writes to that case's streams (under a debug log, a lot), and must
+        # not write into this case's.
+        for path in (self.status_file, self.allocation_file, self.activation_file, out_path, err_path):
+            if path.exists():
+                path.unlink()
         program = self.program(case.program, case.resources, case.remote)
         command = [self.wine, str(self.runexit), winpath(program)] + list(case.argv)
-        out_path, err_path = self.work / "stdout", self.work / "stderr"
-        # Files, not pipes: a process that cvcli starts (the simulator) inherits
-        # its streams and outlives it, and a pipe would stay open with it.
         decoy = self.work / "CorvaneRes.dll"
         if case.decoy:
             shutil.copy2(self.resources, decoy)
         started = time.monotonic()
-        timed_out = False
-        # New files each time: a simulator that an earlier case started still
-        # writes to that case's streams (under a debug log, a lot), and must
-        # not write into this case's.
-        for path in (out_path, err_path):
-            if path.exists():
-                path.unlink()
+        # Files, not pipes: a process that cvcli starts (the simulator) inherits
+        # its streams and outlives it, and a pipe would stay open with it.
         with open(case.stdout_file or out_path, "wb") as out, open(err_path, "wb") as err:
-            process = subprocess.Popen(
-                command, stdin=subprocess.DEVNULL, stdout=out, stderr=err, env=env, cwd=self.work, start_new_session=True
-            )
+            process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=out, stderr=err, env=self.run_env(case),
+                                       cwd=self.work, start_new_session=True)
             # A blocking wait with a watchdog: Popen.wait(timeout) polls, and
             # its sleeps would add up to 50 ms to every case.
             hung = threading.Event()
@@ -416,18 +365,7 @@ class Session:
         if not timed_out and self.status_file.exists():
             text = self.status_file.read_text().strip()
             status = int(text, 16) if text else None
-        events = self.read_log()
-        # The simulator logs the release of the last object as it handles it;
-        # give a line that is on its way a moment to arrive.
-        deadline = time.monotonic() + 2.0
-        while not timed_out and self.objects_pending(events) and time.monotonic() < deadline:
-            time.sleep(0.02)
-            events = self.read_log()
-        if not timed_out and self.objects_pending(events) and not any(e.get("event") == "died" for e in events):
-            # An object the simulator could not give up (under Wine, a call to
-            # a client that is on its way out can leave one behind) would make
-            # every later case wait for an idle line that never comes.
-            self.restart_wine()
+        events = self.settled_log(timed_out)
         allocations = unwiped = None
         cut_short = False
         if self.allocation_file.exists():
@@ -437,17 +375,29 @@ class Session:
                 if line.startswith("unwiped "):
                     unwiped = int(line.split()[1])
             cut_short = "shutdown cut short" in report[1:]
-        seam = []
-        if self.activation_file.exists():
-            seam = [json.loads(line) for line in self.activation_file.read_text(encoding="utf-8").splitlines() if line]
-        activations = [line for line in seam if "context" in line]
-        blankets = [line for line in seam if "blanket" in line]
+        seam = json_lines(self.activation_file)
         stdout = out_path.read_bytes() if out_path.exists() else b""
         stderr, wine_log = err_path.read_bytes(), b""
-        if wine_debug:
+        if os.environ.get("CVCLI_E2E_WINEDEBUG"):
             stderr, wine_log = split_wine_log(stderr)
-        return Result(stdout, stderr, status, events, seconds, timed_out, allocations, activations, unwiped, blankets,
+        return Result(stdout, stderr, status, events, seconds, timed_out, allocations,
+                      [line for line in seam if "context" in line], unwiped, [line for line in seam if "blanket" in line],
                       wine_log, cut_short)
+
+    def settled_log(self, timed_out):
+        """The call log once the simulator has logged the release of the last
+        object, which it does as it handles it: a line on its way gets a moment."""
+        events = json_lines(self.log_file)
+        deadline = time.monotonic() + 2.0
+        while not timed_out and self.objects_pending(events) and time.monotonic() < deadline:
+            time.sleep(0.02)
+            events = json_lines(self.log_file)
+        if not timed_out and self.objects_pending(events) and not any(e.get("event") == "died" for e in events):
+            # An object the simulator could not give up (under Wine, a call to
+            # a client that is on its way out can leave one behind) would make
+            # every later case wait for an idle line that never comes.
+            self.restart_wine()
+        return events
 
     def save_backtraces(self, prefix):
         """Where every thread of the prefix's processes waits, written to
@@ -468,17 +418,6 @@ class Session:
         folder = self.build / "e2e-diagnostics"
         folder.mkdir(exist_ok=True)
         return folder / ("%s-%s-%d.txt" % (time.strftime("%H%M%S"), kind, len(list(folder.iterdir()))))
-
-    def read_log(self):
-        events = []
-        if self.log_file.exists():
-            for line in self.log_file.read_text(encoding="utf-8", errors="replace").splitlines():
-                if line.strip():
-                    try:
-                        events.append(json.loads(line))
-                    except ValueError:
-                        events.append({"event": "unreadable", "line": line})
-        return events
 
     @staticmethod
     def objects_pending(events):
@@ -507,15 +446,9 @@ class Session:
         return text
 
     def _lookup(self, module, code):
-        out = subprocess.run(
-            [self.wine, str(self.systext), module, "%X" % code],
-            stdin=subprocess.DEVNULL,
-            stdout=subprocess.PIPE,
-            stderr=subprocess.DEVNULL,
-            env=self.base_env("bare"),
-            timeout=60,
-            check=True,
-        ).stdout
+        out = subprocess.run([self.wine, str(self.systext), module, "%X" % code], stdin=subprocess.DEVNULL,
+                             stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, env=self.base_env("bare"), timeout=60,
+                             check=True).stdout
         head, _, rest = out.partition(b"\n")
         if not head.startswith(b"ok "):
             return None

@@ -9,6 +9,7 @@
 // interface asked for. A remote activation is then made locally; a local one
 // as it is. Each proxy security setting is written there too ("blanket": the
 // authentication level asked for, "result": what the runtime answered).
+#include "WindowsSide.h"
 #include "app/Startup.h"
 #include "service/ProxySecurity.h"
 #include "service/ServiceAccess.h"
@@ -19,17 +20,6 @@
 #include <string>
 
 namespace {
-
-std::string Utf8(const wchar_t *text) {
-    std::string out;
-    const int bytes = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
-    if (bytes > 1) {
-        out.resize(static_cast<size_t>(bytes));
-        WideCharToMultiByte(CP_UTF8, 0, text, -1, &out[0], bytes, nullptr, nullptr);
-        out.resize(static_cast<size_t>(bytes - 1));
-    }
-    return out;
-}
 
 // A JSON string literal: the test names are plain, but a case may send any text.
 std::string Quoted(const std::string &text) {
@@ -50,14 +40,8 @@ std::string Quoted(const std::string &text) {
 }
 
 void Append(const std::string &line) {
-    wchar_t path[MAX_PATH];
-    const DWORD length = GetEnvironmentVariableW(L"CVCLI_ACTIVATION_LOG", path, MAX_PATH);
-    if (length == 0 || length >= MAX_PATH)
-        return;
-    if (FILE *log = _wfopen(path, L"ab")) {
-        fwrite(line.data(), 1, line.size(), log);
-        fclose(log);
-    }
+    if (File log = FileNamedBy(L"CVCLI_ACTIVATION_LOG", L"ab"))
+        fwrite(line.data(), 1, line.size(), log.get());
 }
 
 void Record(DWORD context, const COSERVERINFO *server, DWORD count, const MULTI_QI *qi) {

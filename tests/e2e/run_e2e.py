@@ -6,9 +6,9 @@
 Exit status 0 when every case passes. See docs/testing.md.
 """
 
-import argparse
 import difflib
 import importlib.util
+import re
 import sys
 import time
 from pathlib import Path
@@ -18,6 +18,7 @@ sys.path.insert(0, str(HERE))
 sys.dont_write_bytecode = True  # keep the source tree clean
 
 import harness  # noqa: E402
+import wine_process  # noqa: E402
 
 
 def load_cases(pattern):
@@ -40,19 +41,10 @@ def load_cases(pattern):
     return found
 
 
-def show(data):
-    return data.decode("utf-8", errors="backslashreplace").splitlines(keepends=True)
-
-
 def diff(label, expected, actual):
-    lines = difflib.unified_diff(
-        [repr(line) + "\n" for line in show(expected)],
-        [repr(line) + "\n" for line in show(actual)],
-        "expected " + label,
-        "actual " + label,
-        lineterm="\n",
-    )
-    text = "".join(lines)
+    lines = [[repr(line) + "\n" for line in data.decode("utf-8", errors="backslashreplace").splitlines(keepends=True)]
+             for data in (expected, actual)]
+    text = "".join(difflib.unified_diff(*lines, "expected " + label, "actual " + label, lineterm="\n"))
     return text if text else "%s differs (expected %r, actual %r)\n" % (label, expected[:200], actual[:200])
 
 
@@ -67,15 +59,9 @@ def as_bytes(value):
 
 def line_end_faults(output):
     """Where output to a pipe breaks the CR LF rule: a lone LF or CR CR LF."""
-    faults = []
-    for at in range(len(output)):
-        if output[at : at + 1] != b"\n":
-            continue
-        if at == 0 or output[at - 1 : at] != b"\r":
-            faults.append("lone LF at byte %d" % at)
-        elif at >= 2 and output[at - 2 : at - 1] == b"\r":
-            faults.append("CR CR LF at byte %d" % (at - 2))
-    return faults
+    found = [(m.start(), "lone LF") for m in re.finditer(rb"(?<!\r)\n", output)]
+    found += [(m.start(), "CR CR LF") for m in re.finditer(rb"\r\r\n", output)]
+    return ["%s at byte %d" % (kind, at) for at, kind in sorted(found)]
 
 
 STATUS_DLL_INIT_FAILED = 0xC0000142
@@ -175,25 +161,13 @@ def keep_wine_log(session, label, result):
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--build-dir", default=str(harness.REPO / "build"))
-    parser.add_argument("-k", dest="pattern", help="run only cases whose 'file::name' contains this text")
-    parser.add_argument("--list", action="store_true", help="list the cases and stop")
-    parser.add_argument("-v", "--verbose", action="store_true", help="print every case with its time")
+    parser = wine_process.command_line(__doc__)
     parser.add_argument("--repeat", type=int, default=1, help="run every case this many times (timing)")
     args = parser.parse_args()
-
-    session = harness.Session(args.build_dir)
     started = time.monotonic()
     # Case files may look up system texts while they load: start first.
-    session.start()
-    prepared = time.monotonic() - started
-    try:
-        return run(session, args, prepared)
-    finally:
-        # The run's simulator would otherwise linger with the run's files and
-        # serve them to the next hand-run client.
-        session.prefix_script("--stop")
+    with harness.Session(args.build_dir) as session:
+        return run(session, args, time.monotonic() - started)
 
 
 def run(session, args, prepared, cases=None, relaunched=None):

@@ -6,44 +6,14 @@
 //
 // The status goes to the file named by RUNEXIT_STATUS_FILE as "0x%08X\n", and
 // is also runexit's own exit status.
+#include "WindowsSide.h"
+
 #include <windows.h>
 
 #include <cstdio>
 #include <string>
 
 namespace {
-
-// Owns a kernel handle for as long as runexit needs it.
-class KernelHandle {
-public:
-    explicit KernelHandle(HANDLE handle = nullptr) : m_handle(handle) {}
-    ~KernelHandle() {
-        if (m_handle != nullptr && m_handle != INVALID_HANDLE_VALUE)
-            CloseHandle(m_handle);
-    }
-    KernelHandle(const KernelHandle &) = delete;
-    KernelHandle &operator=(const KernelHandle &) = delete;
-    HANDLE Get() const { return m_handle; }
-
-private:
-    HANDLE m_handle;
-};
-
-// Closes a C stream on every path.
-class File {
-public:
-    explicit File(FILE *file) : m_file(file) {}
-    ~File() {
-        if (m_file != nullptr)
-            fclose(m_file);
-    }
-    File(const File &) = delete;
-    File &operator=(const File &) = delete;
-    FILE *Get() const { return m_file; }
-
-private:
-    FILE *m_file;
-};
 
 // The program name ends at the next quote when it starts with one (no escapes
 // there), else at the first blank; the child's command line starts after the
@@ -65,13 +35,9 @@ const wchar_t *SkipProgramName(const wchar_t *p) {
 }
 
 void ReportStatus(DWORD status) {
-    wchar_t path[MAX_PATH * 2] = {};
-    DWORD length = GetEnvironmentVariableW(L"RUNEXIT_STATUS_FILE", path, MAX_PATH * 2);
-    if (length == 0 || length >= MAX_PATH * 2)
-        return;
-    File file(_wfopen(path, L"w"));
-    if (file.Get() != nullptr)
-        fprintf(file.Get(), "0x%08lX\n", static_cast<unsigned long>(status));
+    File file = FileNamedBy(L"RUNEXIT_STATUS_FILE", L"w");
+    if (file != nullptr)
+        fprintf(file.get(), "0x%08lX\n", static_cast<unsigned long>(status));
 }
 
 } // namespace
@@ -99,9 +65,9 @@ int wmain() {
     }
     KernelHandle child(process.hProcess);
     KernelHandle thread(process.hThread);
-    WaitForSingleObject(child.Get(), INFINITE);
+    WaitForSingleObject(child.get(), INFINITE);
     DWORD status = 0;
-    if (!GetExitCodeProcess(child.Get(), &status)) {
+    if (!GetExitCodeProcess(child.get(), &status)) {
         fwprintf(stderr, L"runexit: no exit status (error %lu)\n", static_cast<unsigned long>(GetLastError()));
         return 2;
     }

@@ -7,6 +7,8 @@
 // MODULE "-" looks in the system tables alone; any other MODULE is loaded with
 // LoadLibraryW and searched before the system tables. ID is hexadecimal. Each
 // lookup prints "ok N\n" and the N bytes of its UTF-8 text, or "fail\n".
+#include "WindowsSide.h"
+
 #include <windows.h>
 
 #include <cwchar>
@@ -14,68 +16,29 @@
 
 namespace {
 
-class Module {
-public:
-    explicit Module(const wchar_t *name) : m_module(LoadLibraryW(name)) {}
-    ~Module() {
-        if (m_module != nullptr)
-            FreeLibrary(m_module);
-    }
-    Module(const Module &) = delete;
-    Module &operator=(const Module &) = delete;
-    HMODULE Get() const { return m_module; }
-
-private:
-    HMODULE m_module;
-};
-
-class LocalText {
-public:
-    LocalText() = default;
-    ~LocalText() {
-        if (m_text != nullptr)
-            LocalFree(m_text);
-    }
-    LocalText(const LocalText &) = delete;
-    LocalText &operator=(const LocalText &) = delete;
-    wchar_t **Receive() { return &m_text; }
-    const wchar_t *Get() const { return m_text; }
-
-private:
-    wchar_t *m_text = nullptr;
-};
-
 void Write(const std::string &bytes) {
     DWORD written = 0;
     WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
 }
 
-std::string ToUtf8(const wchar_t *text) {
-    int length = static_cast<int>(wcslen(text));
-    int bytes = WideCharToMultiByte(CP_UTF8, 0, text, length, nullptr, 0, nullptr, nullptr);
-    std::string utf8(static_cast<size_t>(bytes > 0 ? bytes : 0), '\0');
-    if (bytes > 0)
-        WideCharToMultiByte(CP_UTF8, 0, text, length, &utf8[0], bytes, nullptr, nullptr);
-    return utf8;
-}
-
 void Lookup(const wchar_t *moduleName, DWORD id) {
     const bool systemOnly = wcscmp(moduleName, L"-") == 0;
-    Module module(systemOnly ? nullptr : moduleName);
-    if (!systemOnly && module.Get() == nullptr) {
+    Module module(systemOnly ? nullptr : LoadLibraryW(moduleName));
+    if (!systemOnly && module.get() == nullptr) {
         Write("fail\n");
         return;
     }
     DWORD flags = FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_SYSTEM;
     if (!systemOnly)
         flags |= FORMAT_MESSAGE_FROM_HMODULE;
-    LocalText text;
-    DWORD length = FormatMessageW(flags, module.Get(), id, 0, reinterpret_cast<wchar_t *>(text.Receive()), 256, nullptr);
-    if (length == 0 || text.Get() == nullptr) {
+    wchar_t *buffer = nullptr;
+    DWORD length = FormatMessageW(flags, module.get(), id, 0, reinterpret_cast<wchar_t *>(&buffer), 256, nullptr);
+    LocalText text(buffer);
+    if (length == 0 || text.get() == nullptr) {
         Write("fail\n");
         return;
     }
-    std::string utf8 = ToUtf8(text.Get());
+    std::string utf8 = Utf8(text.get());
     Write("ok " + std::to_string(utf8.size()) + "\n" + utf8);
 }
 

@@ -1,19 +1,12 @@
 #!/usr/bin/env python3
-"""The password prompt of `transport_protocol set` in a real terminal.
-
-cvcli runs under Wine inside a tmux pane of a private tmux server. The test
-types a password key by key (with a Backspace and a non-ASCII key), reads the
-screen while and after typing, and checks that nothing of the password was
-echoed, only one "*" per key, and that the service received exactly the keys
-typed, Backspace included (the simulator's call log holds a SHA-256 digest of
-the password, never the text).
+"""The password prompt of `transport_protocol set` in a real terminal: cvcli under
+Wine in the pane of a private tmux server, keys typed and the screen read back
+(docs/testing.md, "password_prompt_tmux"). The service must receive exactly the
+keys typed, Backspace included (the call log holds a digest, never the text).
 
 Exit 0 on success, 1 on failure, 77 (skipped) only when tmux is not installed.
 """
 
-import argparse
-import hashlib
-import json
 import os
 import shlex
 import shutil
@@ -26,15 +19,13 @@ HERE = Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE))
 
 import harness  # noqa: E402
+import wine_process  # noqa: E402
+from harness import password_digest as digest  # noqa: E402
 
 SKIPPED = 77
 PROMPT = "Type Password for the user:"
 # Typed as: Q, x, Backspace, é, W. The prompt keeps Backspace as a key of its own.
 TYPED = "Qx\béW"
-
-
-def digest(password):
-    return "sha256:" + hashlib.sha256(password.encode("utf-16-le")).hexdigest()
 
 
 class Pane:
@@ -92,11 +83,7 @@ def run(session, piped):
     """piped: cvcli's output goes through a pipe (`| cat`), as when a script
     keeps a log; the prompt must still be on the screen before the first key."""
     session.write_scenario({})
-    if session.log_file.exists():
-        session.log_file.unlink()
-    env = session.base_env()
-    env.update(CORVANE_SIM_SCENARIO=harness.winpath(session.scenario_file),
-               CORVANE_SIM_LOG=harness.winpath(session.log_file), LANG="C.UTF-8", TERM="xterm-256color")
+    env = dict(session.simulator_env(), LANG="C.UTF-8", TERM="xterm-256color")
     script = session.work / "run.sh"
     # Only an absent -pwd prompts.
     argv = [session.wine, str(session.cvcli), "transport_protocol", "set", "-f", "filer-east", "-type", "HTTPS",
@@ -126,8 +113,7 @@ def run(session, piped):
     log = session.log_file.read_text(encoding="utf-8")
     for clear in ("Qx", "éW", "\\u00e9W"):
         assert clear not in log, "the call log holds the password in clear: %r" % clear
-    calls = [json.loads(line) for line in log.splitlines() if line.strip()]
-    calls = [c for c in calls if c.get("event") == "call"]
+    calls = [c for c in wine_process.json_lines(session.log_file) if c.get("event") == "call"]
     methods = [c["method"] for c in calls]
     assert methods == ["ITransportProtocol.CheckTransportProtocol", "ITransportProtocol.SetTransportProtocols"], methods
     received = [calls[0]["request"]["protocol"]["wszPassword"], calls[1]["request"]["protocols"][0]["wszPassword"]]
@@ -135,31 +121,20 @@ def run(session, piped):
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--build-dir", default=str(harness.REPO / "build"))
-    args = parser.parse_args()
+    args = wine_process.command_line(__doc__, selection=False).parse_args()
     if shutil.which("tmux") is None:
         print("SKIPPED: tmux is not installed (scripts/bootstrap.sh installs it); the password prompt was not tested")
         return SKIPPED
-
-    session = harness.Session(args.build_dir)
-    # A work directory of its own: the end-to-end run keeps its files in e2e-work.
-    session.work = session.build / "tmux-work"
-    session.scenario_file = session.work / "scenario.json"
-    session.log_file = session.work / "calls.jsonl"
-    session.status_file = session.work / "status.txt"
     started = time.monotonic()
-    session.start()
-    try:
-        for piped in (False, True):
-            run(session, piped)
-    except AssertionError as error:
-        print("FAILED: password prompt in a terminal: %s" % error)
-        print("0 passed, 1 failed")
-        return 1
-    finally:
-        # The simulator would otherwise linger with this test's files.
-        session.prefix_script("--stop")
+    # A work directory of its own: the end-to-end run keeps its files in e2e-work.
+    with harness.Session(args.build_dir, work="tmux-work") as session:
+        try:
+            for piped in (False, True):
+                run(session, piped)
+        except AssertionError as error:
+            print("FAILED: password prompt in a terminal: %s" % error)
+            print("0 passed, 1 failed")
+            return 1
     print("password prompt in a terminal: ok (%.1f s)" % (time.monotonic() - started))
     print("2 passed (console and piped output), 0 failed")
     return 0

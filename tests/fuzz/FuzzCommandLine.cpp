@@ -9,6 +9,7 @@
 // Run in a prefix where the service is not registered: every operation that
 // gets past its checks then fails to create the service, quickly and always the
 // same way.
+#include "../unit/Arguments.h"
 #include "app/Operations.h"
 #include "app/Startup.h"
 #include "front_end/Console.h"
@@ -19,8 +20,10 @@
 #include <objbase.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cwchar>
+#include <iterator>
 #include <random>
 #include <set>
 #include <string>
@@ -32,11 +35,15 @@ constexpr size_t kCommandLineLimit = 32767;
 
 std::vector<std::wstring> g_current; // the line being run, for the crash report
 
+void PrintCurrentLine(size_t longest) {
+    for (const std::wstring &arg : g_current)
+        fwprintf(stderr, L" [%ls]", arg.size() > longest ? (arg.substr(0, longest) + L"...").c_str() : arg.c_str());
+    fwprintf(stderr, L"\n");
+}
+
 LONG WINAPI ReportCrash(EXCEPTION_POINTERS *info) {
     fwprintf(stderr, L"crash 0x%08lX on:", info->ExceptionRecord->ExceptionCode);
-    for (const std::wstring &arg : g_current)
-        fwprintf(stderr, L" [%ls]", arg.size() > 200 ? (arg.substr(0, 200) + L"...").c_str() : arg.c_str());
-    fwprintf(stderr, L"\n");
+    PrintCurrentLine(200);
     fflush(stderr);
     return EXCEPTION_EXECUTE_HANDLER;
 }
@@ -56,57 +63,15 @@ public:
                     switches.insert(spec.word);
         }
         m_switches.assign(switches.begin(), switches.end());
-        m_values = {L"",
-                    L" ",
-                    L"E",
-                    L"E:",
-                    L"E:\\",
-                    L"C:\\mnt\\db",
-                    L"Ö:\\Dätä",
-                    L"filer1:/vol/vol1/lun1",
-                    L"filer1:/vol/",
-                    L"\\\\filer1\\share\\lun",
-                    L"\\\\",
-                    L"nightly",
-                    L"snäp\u20ac\U0001F600",
-                    L"bad|name",
-                    L"a,b,c",
-                    L"a,a",
-                    L",",
-                    L"0",
-                    L"-1",
-                    L"1",
-                    L"65535",
-                    L"65536",
-                    L"4294967295",
-                    L"4294967296",
-                    L"18446744073709551616",
-                    L"10MB",
-                    L"2GB",
-                    L"16TB",
-                    L"256TB",
-                    L"1KB",
-                    L"1.5GB",
-                    L"0.0.0.0",
-                    L"255.255.255.255",
-                    L"256.1.1.1",
-                    L"1.2.3",
-                    L"1.2.3.4.5",
-                    L"true",
-                    L"FALSE",
-                    L"yes",
-                    L"no",
-                    L"enabled",
-                    L"http",
-                    L"https",
-                    L"rpc",
-                    L"%s%s%s%n",
-                    L"%1%2%3",
-                    L"\t\r\n",
-                    L"-",
-                    L"--",
-                    L"iqn.1991-05.com.example:host1",
-                    L"20:00:00:25:b5:00:00:0f"};
+        m_values = {// mount points, LUN and UNC paths, names, lists
+                    L"", L" ", L"E", L"E:", L"E:\\", L"C:\\mnt\\db", L"Ö:\\Dätä", L"filer1:/vol/vol1/lun1", L"filer1:/vol/",
+                    L"\\\\filer1\\share\\lun", L"\\\\", L"nightly", L"snäp\u20ac\U0001F600", L"bad|name", L"a,b,c", L"a,a", L",",
+                    // numbers at their edges, sizes, addresses
+                    L"0", L"-1", L"1", L"65535", L"65536", L"4294967295", L"4294967296", L"18446744073709551616", L"10MB", L"2GB",
+                    L"16TB", L"256TB", L"1KB", L"1.5GB", L"0.0.0.0", L"255.255.255.255", L"256.1.1.1", L"1.2.3", L"1.2.3.4.5",
+                    // words, format strings, separators, node names
+                    L"true", L"FALSE", L"yes", L"no", L"enabled", L"http", L"https", L"rpc", L"%s%s%s%n", L"%1%2%3", L"\t\r\n",
+                    L"-", L"--", L"iqn.1991-05.com.example:host1", L"20:00:00:25:b5:00:00:0f"};
     }
 
     std::vector<std::wstring> Next() {
@@ -229,32 +194,24 @@ int wmain(int argc, wchar_t **argv) {
     Generator generator(seed);
     for (unsigned long i = 0; i < iterations; ++i) {
         g_current = generator.Next();
-        std::vector<wchar_t *> args;
-        for (std::wstring &arg : g_current)
-            args.push_back(&arg[0]);
-        args.push_back(nullptr);
+        Arguments args(g_current);
         output.clear();
         HRESULT status = E_UNEXPECTED;
         try {
-            status = RunCommandLine(args.data());
+            status = RunCommandLine(args.pointers.data());
         } catch (...) {
             fwprintf(stderr, L"iteration %lu: an exception escaped the entry\n", i);
             ++failures;
             continue;
         }
-        bool known = false;
-        for (unsigned k = 0; k < 3; ++k)
-            if (status == allowed[k]) {
-                ++counts[k];
-                known = true;
-            }
-        if (!known) {
+        const HRESULT *known = std::find(std::begin(allowed), std::end(allowed), status);
+        if (known != std::end(allowed)) {
+            ++counts[known - allowed];
+        } else {
             ++failures;
             fwprintf(stderr, L"iteration %lu: exit status 0x%08lX is not documented; line:", i,
                      static_cast<unsigned long>(status));
-            for (const std::wstring &arg : g_current)
-                fwprintf(stderr, L" [%ls]", arg.substr(0, 80).c_str());
-            fwprintf(stderr, L"\n");
+            PrintCurrentLine(80);
         }
     }
     CaptureOutput(nullptr);

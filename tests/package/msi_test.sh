@@ -49,7 +49,7 @@ unset CORVANE_SIM_SCENARIO CORVANE_SIM_LOG
 # run PROGRAM ARGS...: the output in $out, the low byte of the status in
 # $status; both, with the command, appended to the transcript.
 run() {
-    status=0
+    status=0 ran="$*"
     out=$("$WINE" "$@" </dev/null 2>&1) || status=$?
     out=${out//$'\r'/}
     { echo "\$ $*"; [ -z "$out" ] || echo "$out"; echo "[status $status]"; echo; } >>"$transcript"
@@ -98,11 +98,9 @@ exists "$uninstall_key\\$older_code" || fail "the product is not registered"
 # cvcli by name, through the system PATH: its texts load, and without the
 # service the help reports the missing service.
 run cmd /c cvcli help
-[ "$status" -eq 84 ] || fail "cvcli help exited with $status, expected REGDB_E_CLASSNOTREG (low byte 84): $out"
-grep -q "Failed to connect to the Corvane service" <<<"$out" || fail "cvcli help printed: $out"
+ran 84 "Failed to connect to the Corvane service" # REGDB_E_CLASSNOTREG
 run cmd /c cvcli disk help
-[ "$status" -eq 87 ] || fail "cvcli disk help exited with $status, expected E_INVALIDARG (low byte 87): $out"
-grep -q "The disk command" <<<"$out" || fail "cvcli disk help printed: $out"
+ran 87 "The disk command" # E_INVALIDARG
 
 # 2. Upgrade with the newer build and the simulator feature.
 run msiexec /i "$(winpath "$newer")" ADDLOCAL=ALL /qn
@@ -117,9 +115,7 @@ exists "$simulator_key" || fail "the simulator was not registered"
 [ "$(system_path | grep -o 'C:\\Program Files\\cvcli\\' | wc -l)" -eq 1 ] ||
     fail "the system PATH does not hold the folder exactly once: $(system_path)"
 run cmd /c cvcli disk list
-[ "$status" -eq 0 ] || fail "cvcli disk list exited with $status: $out"
-grep -q "filer-east:/vol/sql_data/lun_db" <<<"$out" || fail "cvcli disk list did not list the demo LUNs: $out"
-grep -q "The operation completed successfully" <<<"$out" || fail "cvcli disk list printed no completion line: $out"
+ran 0 "filer-east:/vol/sql_data/lun_db" "The operation completed successfully" # the demo LUNs
 
 # An older build does not replace a newer one.
 run msiexec /i "$(winpath "$older")" /qn

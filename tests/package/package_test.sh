@@ -39,9 +39,10 @@ done
 
 fresh_prefix "$build" "$prefix"
 
-run() { # run PROGRAM ARGS...: stdout to $work/out, the low byte of the status in $status
-    status=0
+run() { # run PROGRAM ARGS...: stdout in $out (and $work/out), see ran
+    status=0 ran="$*"
     "$WINE" "$@" </dev/null >"$work/out" 2>"$work/err" || status=$?
+    out=$(cat "$work/out")
 }
 
 # Before registration the service is absent.
@@ -49,28 +50,23 @@ run "$(winpath "$root/cvcli.exe")" disk list
 grep -q "Failed to connect to the Corvane service" "$work/out" || fail "an unregistered host did not report the missing service"
 
 run cmd /c "$(winpath "$root/register.cmd")" /simulate
-[ "$status" -eq 2 ] || fail "register.cmd /simulate exited with $status, expected 2: $(cat "$work/out")"
-grep -q "Usage: register.cmd \[/simulator\]" "$work/out" || fail "register.cmd /simulate printed: $(cat "$work/out")"
+ran 2 "Usage: register.cmd \[/simulator\]"
 
 # A failed step is named with its cause: here a missing library.
 mkdir "$work/broken"
 cp "$root/register.cmd" "$work/broken/"
 run cmd /c "$(winpath "$work/broken/register.cmd")"
-[ "$status" -eq 1 ] || fail "register.cmd without CorvanePS.dll exited with $status: $(cat "$work/out")"
-grep -q "Registering the proxy/stub library .*CorvanePS.dll failed: regsvr32 ended with status 3" "$work/out" &&
-    grep -q "could not be loaded" "$work/out" || fail "register.cmd without CorvanePS.dll printed: $(cat "$work/out")"
+ran 1 "Registering the proxy/stub library .*CorvanePS.dll failed: regsvr32 ended with status 3" "could not be loaded"
 
 # By default only the proxy/stub library: the service stays absent.
 run cmd /c "$(winpath "$root/register.cmd")"
-[ "$status" -eq 0 ] || fail "register.cmd exited with $status: $(cat "$work/out")"
-grep -q "Registered the proxy/stub library" "$work/out" || fail "register.cmd printed: $(cat "$work/out")"
-! grep -q "simulator" "$work/out" || fail "register.cmd registered the simulator without /simulator: $(cat "$work/out")"
+ran 0 "Registered the proxy/stub library"
+! grep -q "simulator" "$work/out" || fail "register.cmd registered the simulator without /simulator: $out"
 run "$(winpath "$root/cvcli.exe")" disk list
 grep -q "Failed to connect to the Corvane service" "$work/out" || fail "register.cmd alone made a service available"
 
 run cmd /c "$(winpath "$root/register.cmd")" /simulator
-[ "$status" -eq 0 ] || fail "register.cmd /simulator exited with $status: $(cat "$work/out")"
-grep -q "Registered the simulator" "$work/out" || fail "register.cmd /simulator printed: $(cat "$work/out")"
+ran 0 "Registered the simulator"
 
 # cvcli help looks for the service too: the simulator plays the scenario.json
 # beside it, the demo scenario, with no variable set.
@@ -83,22 +79,17 @@ export CORVANE_SIM_LOG; CORVANE_SIM_LOG=$(winpath "$work/calls.jsonl")
 # 190) on a loaded machine. The Wine server is stopped at the end anyway.
 export CORVANE_SIM_LINGER=60
 run "$(winpath "$root/cvcli.exe")" help
-[ "$status" -eq 87 ] || fail "cvcli help exited with $status, expected E_INVALIDARG (low byte 87)"
-grep -q "snap" "$work/out" || fail "cvcli help printed no command list"
+ran 87 "snap" # E_INVALIDARG and the command list
 
 run "$(winpath "$root/cvcli.exe")" disk list
-[ "$status" -eq 0 ] || fail "cvcli disk list exited with $status: $(cat "$work/out")"
-grep -q "filer-east" "$work/out" || fail "cvcli disk list did not list the demo LUNs"
-grep -q "The operation completed successfully" "$work/out" || fail "no completion line"
+ran 0 "filer-east" "The operation completed successfully" # the demo LUNs
 grep -q '"IVirtualDisk2.EnumerateDisksEx"' "$work/calls.jsonl" || fail "the simulator from the zip logged no listing"
 
 # unregister.cmd /simulator takes the simulator's classes and the proxy away.
 quiet "$WINESERVER" -k || true
 quiet "$WINESERVER" -p30
 run cmd /c "$(winpath "$root/unregister.cmd")" /simulator
-[ "$status" -eq 0 ] || fail "unregister.cmd /simulator exited with $status: $(cat "$work/out")"
-grep -q "Unregistered the simulator" "$work/out" || fail "unregister.cmd /simulator printed: $(cat "$work/out")"
-grep -q "Unregistered the proxy/stub library" "$work/out" || fail "unregister.cmd /simulator printed: $(cat "$work/out")"
+ran 0 "Unregistered the simulator" "Unregistered the proxy/stub library"
 run "$(winpath "$root/cvcli.exe")" disk list
 grep -q "Failed to connect to the Corvane service" "$work/out" || fail "the service was still there after unregister.cmd"
 echo "package test: $(basename "$zip") unpacked, registered, run and unregistered"

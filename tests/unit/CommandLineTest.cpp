@@ -1,4 +1,5 @@
 #include "front_end/CommandLine.h"
+#include "Arguments.h"
 #include "front_end/Switches.h"
 
 #include <gtest/gtest.h>
@@ -7,17 +8,6 @@
 #include <vector>
 
 namespace {
-
-// Builds a CCommandLine from a list of words, as the entry does from argv.
-struct Args {
-    explicit Args(std::vector<std::wstring> words) : storage(std::move(words)) {
-        for (std::wstring &w : storage)
-            pointers.push_back(&w[0]);
-        pointers.push_back(nullptr);
-    }
-    std::vector<std::wstring> storage;
-    std::vector<wchar_t *> pointers;
-};
 
 TEST(CommandLineTest, AccessorKinds) {
     struct Case {
@@ -36,7 +26,7 @@ TEST(CommandLineTest, AccessorKinds) {
         {{L"-u", L"yes", L"no"}, 0xFFFFFFFFu, L"", true, nullptr, false},
     };
     for (const Case &c : cases) {
-        Args args(c.words);
+        Arguments args(c.words);
         CCommandLine cl(args.pointers.data());
         EXPECT_EQ(cl.SingleNumber(sw::port), c.port);
         EXPECT_STREQ(cl.SingleValueOrEmpty(sw::sdv), c.sdv);
@@ -50,7 +40,7 @@ TEST(CommandLineTest, AccessorKinds) {
 }
 
 TEST(CommandLineTest, SingleValueIntoLeavesTheStringAloneWhenAbsent) {
-    Args args({L"-k", L"E:", L"-o", L"a", L"b"});
+    Arguments args({L"-k", L"E:", L"-o", L"a", L"b"});
     CCommandLine cl(args.pointers.data());
     std::wstring value = L"unchanged";
     EXPECT_FALSE(cl.SingleValueInto(sw::o, value));
@@ -65,7 +55,7 @@ TEST(CommandLineTest, AThousandRepeatedSwitchesMerge) {
         words.push_back(L"-D");
         words.push_back(L"E" + std::to_wstring(i));
     }
-    Args args(words);
+    Arguments args(words);
     CCommandLine cl(args.pointers.data());
     ASSERT_EQ(cl.List(sw::D).size(), 1000u);
     EXPECT_EQ(cl.List(sw::D)[999], L"E999");

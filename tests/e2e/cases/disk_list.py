@@ -1,7 +1,7 @@
 """disk list: both listings, the initiator of each LUN, failures, creation on another machine, progress events."""
 
 from harness import REGDB_E_CLASSNOTREG, S_OK, Case, alert, completion, msg
-from cases.lun_common import E_ACCESSDENIED, E_NOINTERFACE, MSG_SERVICE_UNAVAILABLE
+from cases.lun_common import E_ACCESSDENIED, E_NOINTERFACE, MSG_SERVICE_UNAVAILABLE, created_nothing
 
 MSG_LIST_DISKS_FAILED = 5362
 LUN_BUSY = 0xC00402A1
@@ -12,31 +12,12 @@ NO_LUNS = "Either no LUNs exist or Corvane could not detect any LUNs\n"
 
 def disk(**fields):
     """A LUN record with every field set; keyword arguments override."""
-    record = {
-        "dwType": 1,
-        "dwPartitionStyle": 2,
-        "wszUncPath": "\\\\filer1\\lunshare\\db.lun",
-        "wszStorageSystem": "filer1",
-        "wszStorageSystemPath": "/vol/vol1/db",
-        "wszVolumeName": "\\\\?\\Volume{aa}\\",
-        "szSerialNumber": "C4e6SJ",
-        "bBackedBySnapshot": True,
-        "wszSnapshotName": "nightly",
-        "bShared": True,
-        "bReflexaSource": True,
-        "bArkholdPrimary": True,
-        "bBootOrSystemDisk": True,
-        "bySCSIPort": 2,
-        "byBus": 1,
-        "byTarget": 3,
-        "byLun": 4,
-        "bReadOnly": True,
-        "llSize": 5368709120,
-        "dwDiskId": 7,
-        "dwCloneSplitPercent": "0xFFFFFFFF",
-        "pwszMountPoints": ["E", "F:\\mnt\\db"],
-        "pwszIpAddresses": ["10.0.0.1", "10.0.0.2"],
-    }
+    record = {"dwType": 1, "dwPartitionStyle": 2, "wszUncPath": "\\\\filer1\\lunshare\\db.lun", "wszStorageSystem": "filer1",
+              "wszStorageSystemPath": "/vol/vol1/db", "wszVolumeName": "\\\\?\\Volume{aa}\\", "szSerialNumber": "C4e6SJ",
+              "bBackedBySnapshot": True, "wszSnapshotName": "nightly", "bShared": True, "bReflexaSource": True,
+              "bArkholdPrimary": True, "bBootOrSystemDisk": True, "bySCSIPort": 2, "byBus": 1, "byTarget": 3, "byLun": 4,
+              "bReadOnly": True, "llSize": 5368709120, "dwDiskId": 7, "dwCloneSplitPercent": "0xFFFFFFFF",
+              "pwszMountPoints": ["E", "F:\\mnt\\db"], "pwszIpAddresses": ["10.0.0.1", "10.0.0.2"]}
     record.update(fields)
     return record
 
@@ -95,11 +76,6 @@ def connected_once(result):
     assert len(advises) == 1 and len(unadvises) == 1, "advise %r unadvise %r" % (advises, unadvises)
 
 
-def created_nothing(result):
-    """A remote creation never falls back to the local service."""
-    assert result.created() == [], "created %r" % result.created()
-
-
 NON_ASCII = "fïler-東京"
 LONG_PATH = "/vol/" + "v" * 300 + "/" + "l" * 600
 
@@ -111,17 +87,15 @@ CASES = [
     Case("one disk, older service", ["disk", "list"], FULL_HEAD + FULL_TAIL + ISCSI_LINE + completion(), S_OK,
          scenario=basic([disk()], ISCSI), calls=["IVirtualDisk.EnumerateDisks", "IVirtualDisk.GetPortInitiator"],
          check=asked_for_ports(2)),
-    Case("one disk used by two machines", ["disk", "list"],
-         FULL_HEAD + "\tHyper-V VHD Present:\tYes\n\tHyper-V VMs Name:\tweb-01, db-01\n" + FULL_TAIL + FCP_LINE
-         + completion(), S_OK,
-         scenario=extended([{"pDisk": disk(), "bHyperVVhdPresent": True,
-                             "pVms": [{"wszVmName": "web-01"}, {"wszVmName": "db-01"}]}], FCP)),
-    Case("one disk used by one machine", ["disk", "list"],
-         FULL_HEAD + "\tHyper-V VHD Present:\tYes\n\tHyper-V VM Name:\tweb-01\n" + FULL_TAIL + FCP_LINE + completion(),
-         S_OK, scenario=extended([{"pDisk": disk(), "bHyperVVhdPresent": True, "pVms": [{"wszVmName": "web-01"}]}], FCP)),
-    Case("machines are not named without a VHD", ["disk", "list"],
-         FULL_HEAD + "\tHyper-V VHD Present:\tNo\n" + FULL_TAIL + FCP_LINE + completion(), S_OK,
-         scenario=extended([{"pDisk": disk(), "bHyperVVhdPresent": False, "pVms": [{"wszVmName": "web-01"}]}], FCP)),
+] + [
+    Case(name, ["disk", "list"], FULL_HEAD + "\tHyper-V VHD Present:\t%s\n" % ("Yes" if vhd else "No") + named + FULL_TAIL
+         + FCP_LINE + completion(), S_OK,
+         scenario=extended([{"pDisk": disk(), "bHyperVVhdPresent": vhd, "pVms": [{"wszVmName": n} for n in vms]}], FCP))
+    for name, vhd, vms, named in [
+        ("one disk used by two machines", True, ["web-01", "db-01"], "\tHyper-V VMs Name:\tweb-01, db-01\n"),
+        ("one disk used by one machine", True, ["web-01"], "\tHyper-V VM Name:\tweb-01\n"),
+        ("machines are not named without a VHD", False, ["web-01"], "")]
+] + [
     Case("many disks, each with the initiator of its port", ["disk", "list"],
          FULL_HEAD + FULL_TAIL + ISCSI_LINE
          + FULL_HEAD.replace("db", "logs") + FULL_TAIL.replace("\t\t2\n", "\t\t5\n") + FCP_LINE

@@ -2,7 +2,7 @@
 it dies in the middle of a call, reports after the call has returned, answers
 with success codes other than S_OK, or returns nothing at all."""
 
-from harness import S_OK, Case, alert, completion, msg
+from harness import S_OK, Case, alert, all_unadvised, completion, msg
 
 RPC_CALL_FAILED = 0x800706BE
 LISTING = "IVirtualDisk2.EnumerateDisksEx"
@@ -22,12 +22,6 @@ def late_line_or_nothing(result):
     kept = [line for line in lines if not line.startswith("filer-east : ")]
     expected = (NO_LUNS + completion()).split("\n")
     assert kept == expected and len(lines) - len(kept) <= 1, lines
-
-
-def all_unadvised(result):
-    advised = sum(1 for e in result.events if e.get("event") == "advise")
-    unadvised = sum(1 for e in result.events if e.get("event") == "unadvise")
-    assert advised == unadvised, "%d advises, %d unadvises" % (advised, unadvised)
 
 
 def cut_on_a_character(units):

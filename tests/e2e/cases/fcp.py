@@ -3,7 +3,7 @@
 import re
 
 from harness import S_OK, Case, alert, completion
-from cases.host_common import E_ACCESSDENIED, E_NOINTERFACE, MSG_SERVICE_UNAVAILABLE, requests
+from cases.host_common import E_ACCESSDENIED, E_NOINTERFACE, MSG_SERVICE_UNAVAILABLE, names_this_computer
 
 LIST = ["fcp_initiator", "list"]
 HEADING = "\nFCP initiators on this system are: \n\n"
@@ -13,11 +13,6 @@ WWPN2 = {"dwKind": 0, "wszName": "10:00:00:00:c9:6b:2a:42"}
 
 def listed(*initiators, **response):
     return {"methods": {"IFcp.ListFcpInitiators": dict(response, initiators=list(initiators))}}
-
-
-def asked_for_this_computer(result):
-    asked = [r["computerName"] for r in requests(result, "IFcp.ListFcpInitiators")]
-    assert len(asked) == 1 and asked[0] and len(asked[0]) <= 15, "asked %r" % asked
 
 
 def error_line(hr):
@@ -34,7 +29,7 @@ CASES = [
     Case("two initiators", LIST,
          HEADING + "FCP initiator WWPN:\t10:00:00:00:c9:6b:2a:41\nFCP initiator WWPN:\t10:00:00:00:c9:6b:2a:42\n\n"
          + completion(), S_OK, scenario=listed(WWPN1, WWPN2), calls=["IFcp.ListFcpInitiators"],
-         check=asked_for_this_computer),
+         check=names_this_computer("IFcp.ListFcpInitiators", "computerName")),
     Case("no initiators", LIST, HEADING + "\n" + completion(), S_OK, calls=["IFcp.ListFcpInitiators"]),
     Case("other kinds of initiator", LIST,
          HEADING + "iSCSI initiator:\tiqn.1991-05.com.microsoft:host1\n" + "FCP initiator WWPN:\t(null)\n\n" + completion(),

@@ -82,14 +82,8 @@ def refused(hr):
 # The probe's failure shows the cause that fits the code's facility: a Win32
 # text, the NT-status table (asked for the code without its marker bit), the
 # resource library, or the unknown-error text with the code tried in base 17.
-REFUSALS = [
-    ("access denied", 0x80070005),
-    ("file not found", 0x80070002),
-    ("RPC server unavailable", 0x800706BA),
-    ("interface-defined code", 0xC0040123),
-    ("NT status", 0xD0000022),
-    ("other facility", 0x90040123),
-]
+REFUSALS = [("access denied", 0x80070005), ("file not found", 0x80070002), ("RPC server unavailable", 0x800706BA),
+            ("interface-defined code", 0xC0040123), ("NT status", 0xD0000022), ("other facility", 0x90040123)]
 
 CASES = [
     # Words and the entry's own cases.
@@ -127,13 +121,8 @@ CASES = [
         Case("probe refused: " + label, [], alert(MSG_SERVICE_UNAVAILABLE, hr), hr, scenario=refused(hr))
         for label, hr in REFUSALS
     ],
-    Case(
-        "probe: object without the interface",
-        [],
-        alert(MSG_SERVICE_UNAVAILABLE, 0x80004002),
-        0x80004002,
-        scenario={"classes": {"VirtualDiskService": {"missingInterfaces": ["IVirtualDisk"]}}},
-    ),
+    Case("probe: object without the interface", [], alert(MSG_SERVICE_UNAVAILABLE, 0x80004002), 0x80004002,
+         scenario={"classes": {"VirtualDiskService": {"missingInterfaces": ["IVirtualDisk"]}}}),
     # The program's environment.
     Case("no CorvaneRes.dll: silent success", [], "", S_OK, resources=False),
     Case("no CorvaneRes.dll: snap list", ["snap", "list"], "", S_OK, resources=False),
@@ -141,13 +130,8 @@ CASES = [
     Case("a CorvaneRes.dll in the current directory is not loaded", ["help"], "", S_OK, resources=False, decoy=True),
     Case("renamed: help", ["help"], general_usage("corvane-admin"), E_INVALIDARG, program="CorVane-Admin.EXE"),
     Case("renamed: snap", ["snap"], snap_usage("corvane-admin"), E_INVALIDARG, program="CorVane-Admin.EXE"),
-    Case(
-        "renamed: snap help create",
-        ["snap", "help", "create"],
-        snap_create_usage("corvane-admin"),
-        E_INVALIDARG,
-        program="CorVane-Admin.EXE",
-    ),
+    Case("renamed: snap help create", ["snap", "help", "create"], snap_create_usage("corvane-admin"), E_INVALIDARG,
+         program="CorVane-Admin.EXE"),
     Case("renamed with dots", ["snap"], snap_usage("my.cvcli"), E_INVALIDARG, program="My.CVCLI.exe"),
     Case("non-ASCII program name", ["snap"], snap_usage("überwachung"), E_INVALIDARG, program="überwachung.exe"),
     # Hostile input: documented output and status, no crash, no hang.

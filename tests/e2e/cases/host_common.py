@@ -1,16 +1,13 @@
 """Builders shared by the host case files (fcp, hyperv, igroup, iscsi, preferred_ip, transport_protocol); no CASES."""
 
-from harness import E_INVALIDARG, Case, alert, completion
+from harness import S_OK, Case, alert, completion
 from cases.lun_common import E_ACCESSDENIED, E_NOINTERFACE, MSG_SERVICE_UNAVAILABLE, usage  # noqa: F401 (re-exported)
-from cases.lun_common import LOCAL_MACHINE as LOCAL, local as local_error  # noqa: F401
+from cases.lun_common import usage_faults
+from cases.lun_common import LOCAL_MACHINE as LOCAL, created_nothing as nothing_created, local as local_error  # noqa: F401
 
 CONNECT_E_NOCONNECTION = 0x80040200
 BUSY = 0xC0040330  # a service-specific failure code, sent with a description
 NO_SINK = {"classes": {"VirtualDiskService": {"missingInterfaces": ["_IVirtualDiskEvents"]}}}
-
-
-def nothing_created(result):
-    assert result.created() == [], "created %r" % result.created()
 
 
 def nothing_called(result):
@@ -39,6 +36,14 @@ def sent(method, *checks, **expected):
     return check
 
 
+def names_this_computer(method, field):
+    """The one call of `method` names this computer in `field`: never empty, at most 15 characters."""
+    def check(result):
+        asked = [request[field] for request in requests(result, method)]
+        assert len(asked) == 1 and asked[0] and len(asked[0]) <= 15, "%s asked about %r" % (method, asked)
+    return check
+
+
 def no_password(password):
     """The password is in neither stream nor, in clear, in the call log (which holds its digest)."""
     def check(result):
@@ -47,24 +52,25 @@ def no_password(password):
     return check
 
 
-def failure_line(text, hr, system_error=0):
-    """The handler's own failure line, then success; no service method called.
+def sink_refused(rows):
+    """One case per (operation, argv, its failure line): when the progress sink cannot be connected the
+    operation prints its own failure line, then the completion line, and calls no method. The system error
+    in the line is the one the thread had where the failure was raised: under Wine a refused connection
+    point leaves 0 there."""
+    def printed(line):
+        expected = "\n%s Error code 0\t hr=0x%xd\n\n" % (line, CONNECT_E_NOCONNECTION) + completion()
 
-    The system error is the one the thread had where the failure was raised:
-    under Wine a refused connection point leaves 0 there.
-    """
-    expected = "\n%s Error code %d\t hr=0x%xd\n\n" % (text, system_error, hr) + completion()
-
-    def check(result):
-        assert result.text() == expected, "stdout %r, expected %r" % (result.text(), expected)
-        nothing_called(result)
-    return check
+        def check(result):
+            assert result.text() == expected, "stdout %r, expected %r" % (result.text(), expected)
+            nothing_called(result)
+        return check
+    return [Case("%s: the progress sink cannot be connected" % op, argv, None, S_OK, scenario=NO_SINK, check=printed(line))
+            for op, argv, line in rows]
 
 
 def usage_cases(label, argv, text, rows, check=nothing_created):
-    """One case per (what, extra arguments, message id[, what comes before]): the usage fault."""
-    return [Case("%s: %s" % (label, row[0]), argv + row[1], "".join(row[3:]) + usage(row[2], text), E_INVALIDARG,
-                 check=check) for row in rows]
+    """One case per (what, extra arguments, message id[, what comes before]): the usage fault, nothing created."""
+    return usage_faults(label, argv, text, rows, check=check)
 
 
 def refusals(label, argv, method, message_id=None, output=None, data=None, others=None, **kw):

@@ -1,6 +1,6 @@
 """Builders shared by the disk and snap case files. No CASES: the loader skips this module."""
 
-from harness import E_INVALIDARG, REGDB_E_CLASSNOTREG, Case, alert, msg
+from harness import E_INVALIDARG, REGDB_E_CLASSNOTREG, Case, alert, all_of, msg  # noqa: F401 (all_of re-exported)
 
 MSG_SERVICE_UNAVAILABLE = 5108
 E_ACCESSDENIED = 0x80070005
@@ -57,13 +57,6 @@ def only(method, request, sinks=()):
     return check
 
 
-def all_of(*checks):
-    def check(result):
-        for c in checks:
-            c(result)
-    return check
-
-
 def not_called(cls, sinks=None):
     """The service object was created (and its sinks connected) before the switches were read; nothing was asked."""
     def check(result):
@@ -80,9 +73,9 @@ def created_nothing(result):
 
 
 def usage_faults(label, argv, text, faults, **fields):
-    """One usage case per (name, extra arguments, message id)."""
-    return [Case("%s: %s" % (label, name), argv + extra, usage(message, text), E_INVALIDARG, **fields)
-            for name, extra, message in faults]
+    """One usage case per (name, extra arguments, message id[, what is printed before])."""
+    return [Case("%s: %s" % (label, row[0]), argv + row[1], "".join(row[3:]) + usage(row[2], text), E_INVALIDARG, **fields)
+            for row in faults]
 
 
 def refusals(label, argv, message, make, before="", code=BUSY, description="refused", calls=None):

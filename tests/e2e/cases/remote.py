@@ -12,6 +12,7 @@ machine where the contract expects none.
 """
 
 import fault_matrix
+from harness import all_of
 
 HOST = "SOMEHOST"
 RPC_C_AUTHN_LEVEL_PKT_PRIVACY = 6
@@ -68,13 +69,6 @@ def activated_on_host(result):
         assert machine == HOST, "%s got the machine %r, not %r" % (method, machine, HOST)
 
 
-def both(*checks):
-    def check(result):
-        for one in checks:
-            one(result)
-    return check
-
-
 def build():
     examples = fault_matrix.documented_examples()
     cases = []
@@ -87,9 +81,9 @@ def build():
         secret = privacy(label)
         cases += [
             fault_matrix.Case(label + ", locally", argv, scenario=fault_matrix.DEMO, remote=True,
-                              check=both(activated_locally, secret)),
+                              check=all_of(activated_locally, secret)),
             fault_matrix.Case(label + ", on " + HOST, argv + ["-m", HOST], scenario=fault_matrix.DEMO, remote=True,
-                              same_as=label + ", locally", check=both(activated_on_host, secret)),
+                              same_as=label + ", locally", check=all_of(activated_on_host, secret)),
         ]
     return cases
 

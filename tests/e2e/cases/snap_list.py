@@ -25,14 +25,10 @@ HEADER = (
     "-----------------------\t\t----- \t\t-----\t\t----------\t\t--------------------- \n"
 )
 NONE = "No Disk Snapshot Copies exist \n"
-WORDS = {
-    0: "Inconsistent snapshot copy",
-    1: "Consistent snapshot copy",
-    2: "CVD-type converted inconsistent snapshot copy",
-    3: "CVD-type converted consistent snapshot copy",
-    4: "LUN does not exist in snapshot copy",
-    5: "Inappropriate disk in snapshot copy",
-}
+# The status word of each consistency state, by its number.
+WORDS = dict(enumerate(["Inconsistent snapshot copy", "Consistent snapshot copy",
+                        "CVD-type converted inconsistent snapshot copy", "CVD-type converted consistent snapshot copy",
+                        "LUN does not exist in snapshot copy", "Inappropriate disk in snapshot copy"]))
 MONTHS = "Jan Feb Mar Apr May Jun Jul Aug Sep Oct Nov Dec".split()
 # The creation time is shown in the machine's zone: pin it.
 UTC = {"TZ": "UTC"}

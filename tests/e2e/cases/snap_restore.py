@@ -55,21 +55,21 @@ def mirror_line(word):
             " %s\n\n" % word)
 
 
+def counted(items, one, many):
+    """The heading of a list of reasons: its own sentence for one item, the count in the other."""
+    return "\n%s\n\n" % (one if len(items) == 1 else many % len(items))
+
+
 def files_text(files):
-    if len(files) == 1:
-        text = "\nThere is 1 non-LUN file in the volume.\n\n"
-    else:
-        text = "\nThere are %d non-LUN files in the volume.\n\n" % len(files)
+    text = counted(files, "There is 1 non-LUN file in the volume.", "There are %d non-LUN files in the volume.")
     for number, (name, path) in enumerate(files, 1):
         text += "File %d:\n\tFile name: %s\n\tFile path: %s\n\n" % (number, name, path)
     return text
 
 
 def newer_text(snapshots):
-    if len(snapshots) == 1:
-        text = "\nThere is 1 snapshot copy that is newer than the specified snapshot copy.\n\n"
-    else:
-        text = "\nThere are %d snapshot copy copies that are newer than the specified snapshot copy.\n\n" % len(snapshots)
+    text = counted(snapshots, "There is 1 snapshot copy that is newer than the specified snapshot copy.",
+                   "There are %d snapshot copy copies that are newer than the specified snapshot copy.")
     for number, (name, busy, consistent, dependency) in enumerate(snapshots, 1):
         text += "Snapshot copy%d:\n\tSnapshot copy name:\t\t%s\n\tIs snapshot copy busy:\t%s\n" % (
             number, name, "true" if busy else "false")
