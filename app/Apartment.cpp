@@ -1,5 +1,7 @@
 #include "app/Apartment.h"
 
+#include "service/EventSinks.h"
+
 #include <windows.h>
 
 namespace {
@@ -41,7 +43,9 @@ void ComApartment::Leave(int status, const AllocationAccounting &allocations) {
 }
 
 void ComApartment::Leave() {
-    if (m_joined)
-        CoUninitialize();
+    if (!m_joined)
+        return;
+    ReleaseKeptSinkInterfaces();
+    CoUninitialize();
     m_joined = false;
 }

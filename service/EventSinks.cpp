@@ -6,6 +6,7 @@
 #include "service/EventLines.h"
 
 #include <utility>
+#include <vector>
 
 // Every event is printed with one call, so lines from COM threads never
 // interleave with each other.
@@ -75,6 +76,43 @@ void EventConnection::Disconnect() {
         m_point->Unadvise(m_cookie);
     m_point.Reset();
     m_cookie = 0;
+}
+
+namespace {
+
+struct KeptInterface {
+    IID iid;
+    ComPtr<IStream> marshalled;
+};
+
+// Only the handler's thread connects sinks and leaves COM.
+std::vector<KeptInterface> &KeptInterfaces() {
+    static std::vector<KeptInterface> kept;
+    return kept;
+}
+
+} // namespace
+
+void KeepSinkInterface(REFIID eventInterface, IUnknown *sink) {
+    for (const KeptInterface &kept : KeptInterfaces())
+        if (kept.iid == eventInterface)
+            return;
+    // Not kept is not an error: the connection works as well, only without
+    // the protection.
+    ComPtr<IStream> stream;
+    if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, stream.GetAddressOf())) ||
+        FAILED(CoMarshalInterface(stream.Get(), eventInterface, sink, MSHCTX_LOCAL, nullptr, MSHLFLAGS_TABLESTRONG)))
+        return;
+    KeptInterfaces().push_back({eventInterface, stream});
+}
+
+void ReleaseKeptSinkInterfaces() {
+    for (KeptInterface &kept : KeptInterfaces()) {
+        const LARGE_INTEGER start = {};
+        kept.marshalled->Seek(start, STREAM_SEEK_SET, nullptr);
+        CoReleaseMarshalData(kept.marshalled.Get());
+    }
+    KeptInterfaces().clear();
 }
 
 void RefuseUnconnectedSink(const AlertUserException &failure, HRESULT &lastHr) {

@@ -80,8 +80,21 @@ private:
     DWORD m_cookie = 0;
 };
 
+// Keeps the event interface of `sink` registered with the RPC run-time until
+// ReleaseKeptSinkInterfaces, by one more stub of it that nobody calls. COM
+// unregisters an interface when its last stub goes, waiting there for the
+// calls on it to end; under Wine that wait can miss the end of a call that has
+// just answered and last for ever. With the interface kept, the service's
+// release of a sink right after its last event never waits for anything.
+void KeepSinkInterface(REFIID eventInterface, IUnknown *sink);
+// Before leaving COM, when no sink is connected any more.
+void ReleaseKeptSinkInterfaces();
+
 // The usual pairing: a fresh sink of the given class, connected to the source.
 template <typename Sink> EventConnection ConnectSink(IUnknown *source) {
+    ComPtr<Sink> spare;
+    spare.Attach(new Sink());
+    KeepSinkInterface(__uuidof(typename Sink::EventInterfaceType), spare.Get());
     ComPtr<Sink> sink;
     sink.Attach(new Sink());
     EventConnection connection;

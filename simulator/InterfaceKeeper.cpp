@@ -12,6 +12,8 @@ InterfaceKeeper::InterfaceKeeper(const std::vector<ClassDef> &classes) {
         object.Attach(static_cast<IConnectionPointContainer *>(new CServiceObject(definition, CServiceObject::Kept{})));
         for (const InterfaceDef &entry : definition.interfaces)
             Keep(object.Get(), *entry.iid);
+        // A creation hands the object out as IUnknown first.
+        Keep(object.Get(), IID_IUnknown);
         Keep(object.Get(), IID_ISupportErrorInfo);
         if (!definition.events.empty()) {
             Keep(object.Get(), IID_IConnectionPointContainer);
