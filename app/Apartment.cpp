@@ -1,5 +1,6 @@
 #include "app/Apartment.h"
 
+#include "front_end/Holders.h"
 #include "service/EventSinks.h"
 
 #include <windows.h>
@@ -30,16 +31,14 @@ DWORD WINAPI WatchShutdown(void *parameter) {
 void ComApartment::Leave(int status, const AllocationAccounting &allocations) {
     if (!m_joined)
         return;
-    Watch watch{CreateEventW(nullptr, TRUE, FALSE, nullptr), status, &allocations};
-    HANDLE watchdog = watch.left != nullptr ? CreateThread(nullptr, 0, WatchShutdown, &watch, 0, nullptr) : nullptr;
+    const KernelHandle left(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    Watch watch{left.Get(), status, &allocations};
+    const KernelHandle watchdog(left ? CreateThread(nullptr, 0, WatchShutdown, &watch, 0, nullptr) : nullptr);
     Leave();
-    if (watchdog != nullptr) {
-        SetEvent(watch.left);
-        WaitForSingleObject(watchdog, INFINITE);
-        CloseHandle(watchdog);
+    if (watchdog) {
+        SetEvent(left.Get());
+        WaitForSingleObject(watchdog.Get(), INFINITE);
     }
-    if (watch.left != nullptr)
-        CloseHandle(watch.left);
 }
 
 void ComApartment::Leave() {

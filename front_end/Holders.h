@@ -75,5 +75,13 @@ struct LibraryTraits {
 };
 using Library = UniqueResource<LibraryTraits>;
 
+struct KernelHandleTraits {
+    using Handle = HANDLE;
+    static Handle Null() { return nullptr; }
+    static void Free(Handle h) { CloseHandle(h); }
+};
+// An event or a thread.
+using KernelHandle = UniqueResource<KernelHandleTraits>;
+
 // A CoTaskMem copy of a wide string (null for null), for strings the service receives.
 wchar_t *CoTaskStrDup(const wchar_t *text);
