@@ -30,6 +30,8 @@ HRESULT Create(const CLSID &clsid, const IID &iid, Microsoft::WRL::ComPtr<IUnkno
 // Runs this test program again as a client of its own (`--client mode`) and
 // returns its exit code: COM releases a client's objects for good only when
 // the client leaves.
+// A client that has not ended in a minute is ended with this code.
+constexpr DWORD kClientStalled = 0xC1E57A11;
 DWORD RunClient(const wchar_t *mode);
 int Client(const std::wstring &mode);
 
