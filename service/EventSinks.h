@@ -81,7 +81,8 @@ private:
 };
 
 // Keeps the event interface of `sink` registered with the RPC run-time until
-// ReleaseKeptSinkInterfaces, by one more stub of it that nobody calls. COM
+// ReleaseKeptSinkInterfaces, by one more stub of the first sink of each
+// interface, which nobody calls through it. COM
 // unregisters an interface when its last stub goes, waiting there for the
 // calls on it to end; under Wine that wait can miss the end of a call that has
 // just answered and last for ever. With the interface kept, the service's
@@ -92,11 +93,9 @@ void ReleaseKeptSinkInterfaces();
 
 // The usual pairing: a fresh sink of the given class, connected to the source.
 template <typename Sink> EventConnection ConnectSink(IUnknown *source) {
-    ComPtr<Sink> spare;
-    spare.Attach(new Sink());
-    KeepSinkInterface(__uuidof(typename Sink::EventInterfaceType), spare.Get());
     ComPtr<Sink> sink;
     sink.Attach(new Sink());
+    KeepSinkInterface(__uuidof(typename Sink::EventInterfaceType), sink.Get());
     EventConnection connection;
     connection.Connect(source, __uuidof(typename Sink::EventInterfaceType), sink.Get());
     return connection;

@@ -21,20 +21,22 @@ const char *InterfaceName(const ClassDef &definition, REFIID riid) {
     return nullptr;
 }
 
-CServiceObject::CServiceObject(const ClassDef &definition, std::set<std::string> missingInterfaces)
-    : definition_(definition), missing_(std::move(missingInterfaces)), id_(g_nextId++) {
+CServiceObject::CServiceObject(const ClassDef &definition, std::set<std::string> missingInterfaces, unsigned long id,
+                               bool counted)
+    : definition_(definition), missing_(std::move(missingInterfaces)), id_(id), counted_(counted) {
     parts_ = definition_.makeParts(*this);
     for (const EventDef &event : definition_.events)
         points_.push_back(std::make_unique<CConnectionPoint>(*this, *event.iid, event.name));
+    if (!counted_)
+        return;
     TheServer().ObjectCreated();
     TheCallLog().ObjectCreated(definition_.name, id_);
 }
 
-CServiceObject::CServiceObject(const ClassDef &definition, Kept) : definition_(definition), id_(0), counted_(false) {
-    parts_ = definition_.makeParts(*this);
-    for (const EventDef &event : definition_.events)
-        points_.push_back(std::make_unique<CConnectionPoint>(*this, *event.iid, event.name));
-}
+CServiceObject::CServiceObject(const ClassDef &definition, std::set<std::string> missingInterfaces)
+    : CServiceObject(definition, std::move(missingInterfaces), g_nextId++, true) {}
+
+CServiceObject::CServiceObject(const ClassDef &definition, Kept) : CServiceObject(definition, {}, 0, false) {}
 
 CServiceObject::~CServiceObject() {
     unsigned open = 0;

@@ -88,6 +88,8 @@ public:
     ResponsePositions &Positions() { return positions_; }
 
 private:
+    CServiceObject(const ClassDef &definition, std::set<std::string> missingInterfaces, unsigned long id, bool counted);
+
     const ClassDef &definition_;
     std::set<std::string> missing_;
     unsigned long id_;
